@@ -1,0 +1,130 @@
+// The few operating-system services the program needs, behind one interface so
+// that the core never calls the OS directly and tests can substitute fakes.
+// One implementation per OS: env_posix.cc and env_windows.cc (chosen by CMake).
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace ferrow {
+
+// A file opened for reading while other processes keep writing, truncating or
+// renaming it. Closed when destroyed.
+class SharedFile {
+ public:
+  virtual ~SharedFile() = default;
+  virtual bool Seek(int64_t offset) = 0;
+  // Reads up to `size` bytes; returns the count read, or -1 on error.
+  virtual int64_t Read(char* buffer, int64_t size) = 0;
+};
+
+// An exclusive lock between processes; released when destroyed (or when the
+// holding process dies).
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+};
+
+class Env {
+ public:
+  virtual ~Env() = default;
+
+  // The process-wide environment of the running OS.
+  static Env* Default();
+
+  // Length of the named file, or nothing when it cannot be asked.
+  virtual std::optional<int64_t> FileLength(const std::string& path) = 0;
+
+  // Opens for reading without ever blocking a writer (nullptr on failure).
+  virtual std::unique_ptr<SharedFile> OpenShared(const std::string& path) = 0;
+
+  // A C stream for the numbered-file layer; `mode` is an fopen mode. Other
+  // processes may read and write the file while it is open.
+  virtual std::FILE* OpenStream(const std::string& path, const char* mode) = 0;
+
+  // True when a directory entry matches `pattern`, in the manner of a
+  // first-match directory search: "*" and "?" in the last component are
+  // wildcards, and a last component of "nul" names the null device, which
+  // exists in every existing folder.
+  virtual bool FindFirstMatch(const std::string& pattern) = 0;
+
+  // The profile writer. A null key deletes the section, a null value deletes
+  // the key. Returns false when the write could not be done now.
+  virtual bool WriteProfileString(const char* section, const char* key, const char* value,
+                                  const std::string& path) = 0;
+
+  // 0 on success, like the C library's unlink.
+  virtual int RemoveFile(const std::string& path) = 0;
+  virtual bool CopyWholeFile(const std::string& from, const std::string& to) = 0;
+  virtual bool IsFolder(const std::string& path) = 0;
+  virtual bool IsFolderWritable(const std::string& folder) = 0;
+  virtual bool CreateFolders(const std::string& folder) = 0;
+
+  // Holds the lock the profile writer takes on `path`, so that a rewrite of
+  // the file in place cannot interleave with a profile write (nullptr when it
+  // could not be had within `wait_ms`).
+  virtual std::unique_ptr<FileLock> LockProfile(const std::string& path, int wait_ms) = 0;
+
+  virtual void SleepMs(int ms) = 0;
+
+  // Lets pending window events run; the window layer installs the hook.
+  virtual void LetEventsRun() = 0;
+  virtual void SetEventsHook(std::function<void()> hook) = 0;
+
+  // The OS major version on Windows, 0 elsewhere.
+  virtual int OsMajorVersion() = 0;
+
+  // Full path of the running program file.
+  virtual std::string ProgramPath() = 0;
+
+  // The per-user configuration folder ($XDG_CONFIG_HOME/ferrow, %APPDATA%\Ferrow).
+  virtual std::string UserConfigFolder() = 0;
+
+  virtual std::string GetEnvVar(const std::string& name) = 0;
+};
+
+// Forwards every call to another Env; tests derive from it and override the
+// few calls they want to watch or bend.
+class EnvWrapper : public Env {
+ public:
+  explicit EnvWrapper(Env* target) : target_(target) {}
+
+  std::optional<int64_t> FileLength(const std::string& p) override { return target_->FileLength(p); }
+  std::unique_ptr<SharedFile> OpenShared(const std::string& p) override {
+    return target_->OpenShared(p);
+  }
+  std::FILE* OpenStream(const std::string& p, const char* m) override {
+    return target_->OpenStream(p, m);
+  }
+  bool FindFirstMatch(const std::string& p) override { return target_->FindFirstMatch(p); }
+  bool WriteProfileString(const char* s, const char* k, const char* v,
+                          const std::string& p) override {
+    return target_->WriteProfileString(s, k, v, p);
+  }
+  int RemoveFile(const std::string& p) override { return target_->RemoveFile(p); }
+  bool CopyWholeFile(const std::string& f, const std::string& t) override {
+    return target_->CopyWholeFile(f, t);
+  }
+  bool IsFolder(const std::string& p) override { return target_->IsFolder(p); }
+  bool IsFolderWritable(const std::string& f) override { return target_->IsFolderWritable(f); }
+  bool CreateFolders(const std::string& f) override { return target_->CreateFolders(f); }
+  std::unique_ptr<FileLock> LockProfile(const std::string& p, int w) override {
+    return target_->LockProfile(p, w);
+  }
+  void SleepMs(int ms) override { target_->SleepMs(ms); }
+  void LetEventsRun() override { target_->LetEventsRun(); }
+  void SetEventsHook(std::function<void()> h) override { target_->SetEventsHook(std::move(h)); }
+  int OsMajorVersion() override { return target_->OsMajorVersion(); }
+  std::string ProgramPath() override { return target_->ProgramPath(); }
+  std::string UserConfigFolder() override { return target_->UserConfigFolder(); }
+  std::string GetEnvVar(const std::string& n) override { return target_->GetEnvVar(n); }
+
+ private:
+  Env* target_;
+};
+
+}  // namespace ferrow

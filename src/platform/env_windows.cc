@@ -1,0 +1,163 @@
+// Env for Windows: the real Win32 calls, ANSI ("A") variants throughout since
+// the program works in the ANSI code page.
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <share.h>
+
+#include <cstdlib>
+#include <cstring>
+
+#include "platform/env.h"
+#include "support/paths.h"
+
+namespace ferrow {
+namespace {
+
+// Reading never stands in a writer's way: the writer may go on appending,
+// truncate the log, or delete and rotate it while we hold the handle.
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+class WinSharedFile : public SharedFile {
+ public:
+  explicit WinSharedFile(HANDLE h) : h_(h) {}
+  ~WinSharedFile() override { CloseHandle(h_); }
+  bool Seek(int64_t offset) override {
+    LARGE_INTEGER to;
+    to.QuadPart = offset;
+    return SetFilePointerEx(h_, to, nullptr, FILE_BEGIN) != 0;
+  }
+  int64_t Read(char* buffer, int64_t size) override {
+    DWORD got = 0;
+    if (!ReadFile(h_, buffer, static_cast<DWORD>(size), &got, nullptr)) return -1;
+    return got;
+  }
+
+ private:
+  HANDLE h_;
+};
+
+// Windows serialises profile writes itself; the in-place rewrite of the
+// configuration file relies on the configuration write lock instead.
+class NoLock : public FileLock {};
+
+class WindowsEnv : public Env {
+ public:
+  std::optional<int64_t> FileLength(const std::string& path) override {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+    return (static_cast<int64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+  }
+
+  std::unique_ptr<SharedFile> OpenShared(const std::string& path) override {
+    HANDLE h = CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (h == INVALID_HANDLE_VALUE) return nullptr;
+    return std::make_unique<WinSharedFile>(h);
+  }
+
+  std::FILE* OpenStream(const std::string& path, const char* mode) override {
+    return _fsopen(path.c_str(), mode, _SH_DENYNO);
+  }
+
+  bool FindFirstMatch(const std::string& pattern) override {
+    WIN32_FIND_DATAA data;
+    HANDLE h = FindFirstFileA(pattern.c_str(), &data);
+    if (h == INVALID_HANDLE_VALUE) return false;
+    FindClose(h);
+    return true;
+  }
+
+  bool WriteProfileString(const char* section, const char* key, const char* value,
+                          const std::string& path) override {
+    return WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
+  }
+
+  int RemoveFile(const std::string& path) override {
+    return DeleteFileA(path.c_str()) ? 0 : static_cast<int>(GetLastError());
+  }
+
+  bool CopyWholeFile(const std::string& from, const std::string& to) override {
+    return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0;
+  }
+
+  bool IsFolder(const std::string& path) override {
+    DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+  }
+
+  bool IsFolderWritable(const std::string& folder) override {
+    if (!IsFolder(folder)) return false;
+    char name[MAX_PATH];
+    if (!GetTempFileNameA(folder.c_str(), "frw", 0, name)) return false;
+    DeleteFileA(name);
+    return true;
+  }
+
+  bool CreateFolders(const std::string& folder) override {
+    for (size_t i = 1; i <= folder.size(); ++i) {
+      if (i < folder.size() && !IsSlash(folder[i])) continue;
+      std::string part = folder.substr(0, i);
+      if (part.size() == 2 && part[1] == ':') continue;
+      CreateDirectoryA(part.c_str(), nullptr);
+    }
+    return IsFolder(folder);
+  }
+
+  std::unique_ptr<FileLock> LockProfile(const std::string& path, int) override {
+    if (GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES) return nullptr;
+    return std::make_unique<NoLock>();
+  }
+
+  void SleepMs(int ms) override { Sleep(static_cast<DWORD>(ms)); }
+
+  void LetEventsRun() override {
+    if (events_hook_) events_hook_();
+  }
+  void SetEventsHook(std::function<void()> hook) override { events_hook_ = std::move(hook); }
+
+  int OsMajorVersion() override {
+    // GetVersionEx lies to programs without a manifest; ntdll does not.
+    using RtlGetVersionFn = LONG(WINAPI*)(OSVERSIONINFOW*);
+    HMODULE ntdll = GetModuleHandleA("ntdll.dll");
+    auto fn = ntdll ? reinterpret_cast<RtlGetVersionFn>(
+                          reinterpret_cast<void*>(GetProcAddress(ntdll, "RtlGetVersion")))
+                    : nullptr;
+    OSVERSIONINFOW info;
+    std::memset(&info, 0, sizeof info);
+    info.dwOSVersionInfoSize = sizeof info;
+    if (fn && fn(&info) == 0) return static_cast<int>(info.dwMajorVersion);
+    return 0;
+  }
+
+  std::string ProgramPath() override {
+    char buffer[MAX_PATH * 4];
+    DWORD n = GetModuleFileNameA(nullptr, buffer, sizeof buffer);
+    return std::string(buffer, n);
+  }
+
+  std::string UserConfigFolder() override {
+    std::string appdata = GetEnvVar("APPDATA");
+    return appdata.empty() ? std::string() : JoinPath(appdata, "Ferrow");
+  }
+
+  std::string GetEnvVar(const std::string& name) override {
+    char buffer[32768];
+    DWORD n = GetEnvironmentVariableA(name.c_str(), buffer, sizeof buffer);
+    return n > 0 && n < sizeof buffer ? std::string(buffer, n) : std::string();
+  }
+
+ private:
+  std::function<void()> events_hook_;
+};
+
+}  // namespace
+
+Env* Env::Default() {
+  static WindowsEnv* env = new WindowsEnv;
+  return env;
+}
+
+}  // namespace ferrow

@@ -1,0 +1,98 @@
+#include "support/flib.h"
+
+#include "platform/env.h"
+
+namespace ferrow {
+
+FileTable::~FileTable() {
+  for (auto& [number, stream] : files_) std::fclose(stream);
+}
+
+int16_t FileTable::FreeFile() const {
+  int16_t number = 1;
+  while (files_.count(number)) ++number;
+  return number;
+}
+
+std::FILE* FileTable::Stream(int16_t number) const {
+  auto it = files_.find(number);
+  return it == files_.end() ? nullptr : it->second;
+}
+
+int16_t FileTable::FOpen(const std::string& name, const std::string& mode,
+                         const std::string& /*caller*/) {
+  const int16_t number = FreeFile();
+  const bool read = mode.find('r') != std::string::npos;
+  const bool write = mode.find('w') != std::string::npos;
+  const bool binary = mode.find('b') != std::string::npos;
+  if (!read && !write) return number;
+  if (name.empty()) return 0;
+
+  std::FILE* stream = nullptr;
+  if (read) {
+    // Line ends are handled by LineInput, so text reads open byte-wise too.
+    stream = env_.OpenStream(name, "rb");
+  } else if (binary) {
+    stream = env_.OpenStream(name, "r+b");
+    if (!stream) stream = env_.OpenStream(name, "w+b");
+  } else {
+    stream = env_.OpenStream(name, "wb");
+  }
+  if (!stream) return 0;
+  files_[number] = stream;
+  return number;
+}
+
+int FileTable::LineInput(int16_t number, std::string& line) {
+  line.clear();
+  std::FILE* f = Stream(number);
+  if (!f) return kErrBadFileNumber;
+  int c = std::getc(f);
+  if (c == EOF) return std::ferror(f) ? kErrDeviceIO : kErrPastEndOfFile;
+  while (c != EOF && c != '\n' && c != '\r') {
+    line += static_cast<char>(c);
+    c = std::getc(f);
+  }
+  if (c == '\r') {
+    int next = std::getc(f);
+    if (next != '\n' && next != EOF) std::ungetc(next, f);
+  }
+  return std::ferror(f) ? kErrDeviceIO : 0;
+}
+
+int FileTable::Put(int16_t number, std::string_view bytes) {
+  std::FILE* f = Stream(number);
+  if (!f) return kErrBadFileNumber;
+  // A stream that was just read must be repositioned before it is written.
+  std::fseek(f, 0, SEEK_CUR);
+  if (std::fwrite(bytes.data(), 1, bytes.size(), f) != bytes.size()) return kErrDeviceIO;
+  return 0;
+}
+
+bool FileTable::Rewind(int16_t number) {
+  if (number < 1) return false;
+  if (std::FILE* f = Stream(number)) std::rewind(f);
+  return true;
+}
+
+int64_t FileTable::Length(int16_t number) {
+  std::FILE* f = Stream(number);
+  if (!f) return -1;
+  std::fflush(f);
+  long here = std::ftell(f);
+  std::fseek(f, 0, SEEK_END);
+  long end = std::ftell(f);
+  std::fseek(f, here, SEEK_SET);
+  return end;
+}
+
+void FileTable::Close(int16_t number) {
+  auto it = files_.find(number);
+  if (it == files_.end()) return;
+  std::fclose(it->second);
+  files_.erase(it);
+}
+
+int Unlink(Env& env, const std::string& name) { return env.RemoveFile(name); }
+
+}  // namespace ferrow

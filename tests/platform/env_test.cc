@@ -1,0 +1,167 @@
+#include "platform/env.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "support/paths.h"
+#include "testing/temp_dir.h"
+
+namespace ferrow {
+namespace {
+
+using testing::TempDir;
+using testing::WriteBytes;
+
+Env& env() { return *Env::Default(); }
+
+std::string ReadAt(SharedFile& file, int64_t offset, int64_t size) {
+  std::string buffer(static_cast<size_t>(size), '\0');
+  EXPECT_TRUE(file.Seek(offset));
+  int64_t n = file.Read(buffer.data(), size);
+  buffer.resize(n < 0 ? 0 : static_cast<size_t>(n));
+  return buffer;
+}
+
+TEST(Env, SharedReadWhileAnotherHandleKeepsWriting) {
+  TempDir dir;
+  const std::string log = dir.File("app.log");
+  std::ofstream writer(log, std::ios::binary);
+  writer << "first line\r\n" << std::flush;
+
+  auto reader = env().OpenShared(log);
+  ASSERT_TRUE(reader);
+  EXPECT_EQ(ReadAt(*reader, 0, 100), "first line\r\n");
+
+  writer << "second line\r\n" << std::flush;  // the writer is not blocked
+  EXPECT_EQ(env().FileLength(log).value_or(-1), 25);
+  EXPECT_EQ(ReadAt(*reader, 12, 100), "second line\r\n");
+}
+
+TEST(Env, FileBeingReadCanBeDeletedForRotation) {
+  TempDir dir;
+  const std::string log = dir.File("rotate.log");
+  WriteBytes(log, "old log\r\n");
+  auto reader = env().OpenShared(log);
+  ASSERT_TRUE(reader);
+  EXPECT_EQ(env().RemoveFile(log), 0);
+  EXPECT_FALSE(env().FileLength(log).has_value());
+}
+
+TEST(Env, MissingFileHasNoLengthAndCannotBeOpened) {
+  TempDir dir;
+  EXPECT_FALSE(env().FileLength(dir.File("none")).has_value());
+  EXPECT_EQ(env().OpenShared(dir.File("none")), nullptr);
+}
+
+TEST(Env, ReadingPastTheEndGivesNothing) {
+  TempDir dir;
+  WriteBytes(dir.File("short"), "ab");
+  auto reader = env().OpenShared(dir.File("short"));
+  ASSERT_TRUE(reader);
+  EXPECT_EQ(ReadAt(*reader, 10, 5), "");
+}
+
+TEST(Env, FindFirstMatchTreatsStarAndQuestionMarkAsWildcards) {
+  TempDir dir;
+  WriteBytes(dir.File("server.log"), "x");
+  std::string base = dir.path() + NativeSeparator();
+  EXPECT_TRUE(env().FindFirstMatch(base + "*.log"));
+  EXPECT_TRUE(env().FindFirstMatch(base + "server.lo?"));
+#ifdef _WIN32
+  EXPECT_TRUE(env().FindFirstMatch(base + "SERVER.LOG"));  // names ignore case there
+#else
+  EXPECT_FALSE(env().FindFirstMatch(base + "SERVER.LOG"));  // and respect it here
+  EXPECT_FALSE(env().FindFirstMatch(base + "SERVER.*"));
+#endif
+  EXPECT_FALSE(env().FindFirstMatch(base + "*.txt"));
+  EXPECT_TRUE(env().FindFirstMatch(base + "nul"));
+  EXPECT_FALSE(env().FindFirstMatch(dir.File("missing") + NativeSeparator() + "nul"));
+}
+
+TEST(Env, FoldersCanBeMadeAndTestedForWriting) {
+  TempDir dir;
+  const std::string nested = JoinPath(JoinPath(dir.path(), "a"), "b");
+  EXPECT_FALSE(env().IsFolder(nested));
+  EXPECT_TRUE(env().CreateFolders(nested));
+  EXPECT_TRUE(env().IsFolder(nested));
+  EXPECT_TRUE(env().IsFolderWritable(nested));
+  EXPECT_FALSE(env().IsFolderWritable(dir.File("missing")));
+}
+
+TEST(Env, CopyWholeFileCopiesEveryByte) {
+  TempDir dir;
+  std::string bytes("a\0b\r\n", 5);
+  WriteBytes(dir.File("src"), bytes);
+  EXPECT_TRUE(env().CopyWholeFile(dir.File("src"), dir.File("dst")));
+  EXPECT_EQ(testing::ReadBytes(dir.File("dst")), bytes);
+  EXPECT_FALSE(env().CopyWholeFile(dir.File("none"), dir.File("dst2")));
+}
+
+TEST(Env, ProgramPathNamesThisTestProgram) {
+  std::string path = env().ProgramPath();
+  EXPECT_NE(FileNamePart(path).find("platform_tests"), std::string::npos) << path;
+  EXPECT_TRUE(env().FileLength(path).has_value());
+}
+
+TEST(Env, EventsHookRunsWhenAskedAndIsANoOpByDefault) {
+  env().LetEventsRun();  // nothing installed: must simply return
+  int runs = 0;
+  env().SetEventsHook([&] { ++runs; });
+  env().LetEventsRun();
+  env().LetEventsRun();
+  env().SetEventsHook(nullptr);
+  env().LetEventsRun();
+  EXPECT_EQ(runs, 2);
+}
+
+TEST(Env, ProfileLockIsHeldUntilReleased) {
+  TempDir dir;
+  WriteBytes(dir.File("Ferrow.INI"), "[Common]\r\n");
+  auto lock = env().LockProfile(dir.File("Ferrow.INI"), 100);
+  ASSERT_TRUE(lock);
+  EXPECT_EQ(env().LockProfile(dir.File("missing.INI"), 10), nullptr);
+}
+
+#ifdef _WIN32
+TEST(Env, OsMajorVersionIsReportedOnWindows) { EXPECT_GE(env().OsMajorVersion(), 5); }
+#else
+TEST(Env, OsMajorVersionIsZeroOffWindows) { EXPECT_EQ(env().OsMajorVersion(), 0); }
+
+TEST(Env, ProfileLockKeepsProfileWritersOut) {
+  TempDir dir;
+  const std::string ini = dir.File("Ferrow.INI");
+  WriteBytes(ini, "[Common]\r\n");
+  {
+    auto lock = env().LockProfile(ini, 100);
+    ASSERT_TRUE(lock);
+    EXPECT_FALSE(env().WriteProfileString("Common", "k", "v", ini));
+  }
+  EXPECT_TRUE(env().WriteProfileString("Common", "k", "v", ini));
+}
+
+TEST(Env, UserConfigFolderFollowsXdgConfigHome) {
+  const char* old = std::getenv("XDG_CONFIG_HOME");
+  std::string saved = old ? old : "";
+  setenv("XDG_CONFIG_HOME", "/tmp/xdg-test", 1);
+  EXPECT_EQ(env().UserConfigFolder(), "/tmp/xdg-test/ferrow");
+  unsetenv("XDG_CONFIG_HOME");
+  std::string home = env().GetEnvVar("HOME");
+  if (!home.empty()) {
+    EXPECT_EQ(env().UserConfigFolder(), home + "/.config/ferrow");
+  }
+  if (old) setenv("XDG_CONFIG_HOME", saved.c_str(), 1);
+}
+
+TEST(Env, BackslashPathsReachTheSameFiles) {
+  TempDir dir;
+  WriteBytes(dir.File("b.log"), "abc");
+  std::string with_backslashes = dir.path();
+  for (char& c : with_backslashes)
+    if (c == '/') c = '\\';
+  EXPECT_EQ(env().FileLength(with_backslashes + "\\b.log").value_or(-1), 3);
+}
+#endif
+
+}  // namespace
+}  // namespace ferrow
