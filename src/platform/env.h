@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -27,6 +28,13 @@ class SharedFile {
 class FileLock {
  public:
   virtual ~FileLock() = default;
+};
+
+// Proof that this process has announced itself as a running instance of the
+// program; held until the process ends.
+class InstanceClaim {
+ public:
+  virtual ~InstanceClaim() = default;
 };
 
 class Env {
@@ -60,6 +68,8 @@ class Env {
   // 0 on success, like the C library's unlink.
   virtual int RemoveFile(const std::string& path) = 0;
   virtual bool CopyWholeFile(const std::string& from, const std::string& to) = 0;
+  // Renames, replacing nothing: fails when `to` exists.
+  virtual bool RenameFile(const std::string& from, const std::string& to) = 0;
   virtual bool IsFolder(const std::string& path) = 0;
   virtual bool IsFolderWritable(const std::string& folder) = 0;
   virtual bool CreateFolders(const std::string& folder) = 0;
@@ -70,6 +80,19 @@ class Env {
   virtual std::unique_ptr<FileLock> LockProfile(const std::string& path, int wait_ms) = 0;
 
   virtual void SleepMs(int ms) = 0;
+  virtual std::time_t Now() = 0;
+
+  // Dates and times as the user's locale writes them.
+  virtual std::string SystemDateSeparator() = 0;
+  virtual std::string SystemShortDate(const std::tm& when) = 0;
+  virtual std::string SystemLongDate(const std::tm& when) = 0;
+  virtual std::string SystemLongTime(const std::tm& when) = 0;
+
+  // Announces this process as an instance of the program called `name`;
+  // `another_running` tells whether an instance was running already. The
+  // claim lapses when the process ends, however it ends.
+  virtual std::unique_ptr<InstanceClaim> ClaimInstance(const std::string& name,
+                                                       bool& another_running) = 0;
 
   // Lets pending window events run; the window layer installs the hook.
   virtual void LetEventsRun() = 0;
@@ -109,6 +132,9 @@ class EnvWrapper : public Env {
   bool CopyWholeFile(const std::string& f, const std::string& t) override {
     return target_->CopyWholeFile(f, t);
   }
+  bool RenameFile(const std::string& f, const std::string& t) override {
+    return target_->RenameFile(f, t);
+  }
   bool IsFolder(const std::string& p) override { return target_->IsFolder(p); }
   bool IsFolderWritable(const std::string& f) override { return target_->IsFolderWritable(f); }
   bool CreateFolders(const std::string& f) override { return target_->CreateFolders(f); }
@@ -116,6 +142,14 @@ class EnvWrapper : public Env {
     return target_->LockProfile(p, w);
   }
   void SleepMs(int ms) override { target_->SleepMs(ms); }
+  std::time_t Now() override { return target_->Now(); }
+  std::string SystemDateSeparator() override { return target_->SystemDateSeparator(); }
+  std::string SystemShortDate(const std::tm& w) override { return target_->SystemShortDate(w); }
+  std::string SystemLongDate(const std::tm& w) override { return target_->SystemLongDate(w); }
+  std::string SystemLongTime(const std::tm& w) override { return target_->SystemLongTime(w); }
+  std::unique_ptr<InstanceClaim> ClaimInstance(const std::string& n, bool& a) override {
+    return target_->ClaimInstance(n, a);
+  }
   void LetEventsRun() override { target_->LetEventsRun(); }
   void SetEventsHook(std::function<void()> h) override { target_->SetEventsHook(std::move(h)); }
   int OsMajorVersion() override { return target_->OsMajorVersion(); }

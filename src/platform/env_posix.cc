@@ -20,6 +20,11 @@ namespace ferrow {
 
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path);
+std::string PosixShortDate(const std::tm& when);
+std::string PosixLongDate(const std::tm& when);
+std::string PosixLongTime(const std::tm& when);
+std::string PosixDateSeparator();
+std::unique_ptr<InstanceClaim> PosixClaimInstance(const std::string& name, bool& another_running);
 
 namespace {
 
@@ -121,6 +126,12 @@ class PosixEnv : public Env {
     return ok;
   }
 
+  bool RenameFile(const std::string& from, const std::string& to) override {
+    struct stat info {};
+    if (::lstat(PosixPath(to).c_str(), &info) == 0) return false;
+    return ::rename(PosixPath(from).c_str(), PosixPath(to).c_str()) == 0;
+  }
+
   bool IsFolder(const std::string& path) override {
     struct stat info {};
     return ::stat(PosixPath(path).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
@@ -145,6 +156,17 @@ class PosixEnv : public Env {
   }
 
   void SleepMs(int ms) override { std::this_thread::sleep_for(std::chrono::milliseconds(ms)); }
+  std::time_t Now() override { return std::time(nullptr); }
+
+  std::string SystemDateSeparator() override { return PosixDateSeparator(); }
+  std::string SystemShortDate(const std::tm& when) override { return PosixShortDate(when); }
+  std::string SystemLongDate(const std::tm& when) override { return PosixLongDate(when); }
+  std::string SystemLongTime(const std::tm& when) override { return PosixLongTime(when); }
+
+  std::unique_ptr<InstanceClaim> ClaimInstance(const std::string& name,
+                                               bool& another_running) override {
+    return PosixClaimInstance(name, another_running);
+  }
 
   void LetEventsRun() override {
     if (events_hook_) events_hook_();

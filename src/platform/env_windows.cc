@@ -39,6 +39,36 @@ class WinSharedFile : public SharedFile {
   HANDLE h_;
 };
 
+class MutexClaim : public InstanceClaim {
+ public:
+  explicit MutexClaim(HANDLE h) : h_(h) {}
+  ~MutexClaim() override {
+    if (h_) CloseHandle(h_);
+  }
+
+ private:
+  HANDLE h_;
+};
+
+SYSTEMTIME ToSystemTime(const std::tm& when) {
+  SYSTEMTIME st{};
+  st.wYear = static_cast<WORD>(when.tm_year + 1900);
+  st.wMonth = static_cast<WORD>(when.tm_mon + 1);
+  st.wDayOfWeek = static_cast<WORD>(when.tm_wday);
+  st.wDay = static_cast<WORD>(when.tm_mday);
+  st.wHour = static_cast<WORD>(when.tm_hour);
+  st.wMinute = static_cast<WORD>(when.tm_min);
+  st.wSecond = static_cast<WORD>(when.tm_sec);
+  return st;
+}
+
+std::string Date(const std::tm& when, DWORD flags) {
+  SYSTEMTIME st = ToSystemTime(when);
+  char buffer[128] = {};
+  int n = GetDateFormatA(LOCALE_USER_DEFAULT, flags, &st, nullptr, buffer, sizeof buffer);
+  return n > 0 ? std::string(buffer) : std::string();
+}
+
 // Windows serialises profile writes itself; the in-place rewrite of the
 // configuration file relies on the configuration write lock instead.
 class NoLock : public FileLock {};
@@ -83,6 +113,10 @@ class WindowsEnv : public Env {
     return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0;
   }
 
+  bool RenameFile(const std::string& from, const std::string& to) override {
+    return MoveFileA(from.c_str(), to.c_str()) != 0;
+  }
+
   bool IsFolder(const std::string& path) override {
     DWORD attributes = GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -112,6 +146,30 @@ class WindowsEnv : public Env {
   }
 
   void SleepMs(int ms) override { Sleep(static_cast<DWORD>(ms)); }
+  std::time_t Now() override { return std::time(nullptr); }
+
+  std::string SystemDateSeparator() override {
+    char buffer[8] = {};
+    int n = GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDATE, buffer, sizeof buffer);
+    return n > 1 ? std::string(buffer) : std::string("/");
+  }
+  std::string SystemShortDate(const std::tm& when) override { return Date(when, DATE_SHORTDATE); }
+  std::string SystemLongDate(const std::tm& when) override { return Date(when, DATE_LONGDATE); }
+  std::string SystemLongTime(const std::tm& when) override {
+    SYSTEMTIME st = ToSystemTime(when);
+    char buffer[128] = {};
+    int n = GetTimeFormatA(LOCALE_USER_DEFAULT, 0, &st, nullptr, buffer, sizeof buffer);
+    std::string text = n > 0 ? std::string(buffer) : std::string();
+    while (!text.empty() && text.back() == ' ') text.pop_back();
+    return text;
+  }
+
+  std::unique_ptr<InstanceClaim> ClaimInstance(const std::string& name,
+                                               bool& another_running) override {
+    HANDLE mutex = CreateMutexA(nullptr, FALSE, ("Local\\" + name).c_str());
+    another_running = mutex != nullptr && GetLastError() == ERROR_ALREADY_EXISTS;
+    return std::make_unique<MutexClaim>(mutex);
+  }
 
   void LetEventsRun() override {
     if (events_hook_) events_hook_();

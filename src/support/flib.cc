@@ -5,7 +5,7 @@
 namespace ferrow {
 
 FileTable::~FileTable() {
-  for (auto& [number, stream] : files_) std::fclose(stream);
+  for (auto& [number, file] : files_) std::fclose(file.stream);
 }
 
 int16_t FileTable::FreeFile() const {
@@ -14,9 +14,14 @@ int16_t FileTable::FreeFile() const {
   return number;
 }
 
-std::FILE* FileTable::Stream(int16_t number) const {
+FileTable::OpenFile* FileTable::Find(int16_t number) {
   auto it = files_.find(number);
-  return it == files_.end() ? nullptr : it->second;
+  return it == files_.end() ? nullptr : &it->second;
+}
+
+std::FILE* FileTable::Stream(int16_t number) {
+  OpenFile* file = Find(number);
+  return file ? file->stream : nullptr;
 }
 
 int16_t FileTable::FOpen(const std::string& name, const std::string& mode,
@@ -39,25 +44,41 @@ int16_t FileTable::FOpen(const std::string& name, const std::string& mode,
     stream = env_.OpenStream(name, "wb");
   }
   if (!stream) return 0;
-  files_[number] = stream;
+  files_[number] = OpenFile{stream, binary, false};
   return number;
 }
 
 int FileTable::LineInput(int16_t number, std::string& line) {
   line.clear();
-  std::FILE* f = Stream(number);
-  if (!f) return kErrBadFileNumber;
+  OpenFile* file = Find(number);
+  if (!file) return kErrBadFileNumber;
+  std::FILE* f = file->stream;
   int c = std::getc(f);
-  if (c == EOF) return std::ferror(f) ? kErrDeviceIO : kErrPastEndOfFile;
+  if (c == EOF) {
+    file->hit_end = true;
+    return std::ferror(f) ? kErrDeviceIO : kErrPastEndOfFile;
+  }
   while (c != EOF && c != '\n' && c != '\r') {
     line += static_cast<char>(c);
     c = std::getc(f);
   }
+  if (c == EOF) file->hit_end = true;
   if (c == '\r') {
     int next = std::getc(f);
     if (next != '\n' && next != EOF) std::ungetc(next, f);
   }
   return std::ferror(f) ? kErrDeviceIO : 0;
+}
+
+bool FileTable::Eof(int16_t number) {
+  OpenFile* file = Find(number);
+  if (!file) return true;
+  if (file->binary) return file->hit_end;
+  std::FILE* f = file->stream;
+  int c = std::getc(f);
+  if (c == EOF) return true;
+  std::ungetc(c, f);
+  return false;
 }
 
 int FileTable::Put(int16_t number, std::string_view bytes) {
@@ -71,7 +92,10 @@ int FileTable::Put(int16_t number, std::string_view bytes) {
 
 bool FileTable::Rewind(int16_t number) {
   if (number < 1) return false;
-  if (std::FILE* f = Stream(number)) std::rewind(f);
+  if (OpenFile* file = Find(number)) {
+    std::rewind(file->stream);
+    file->hit_end = false;
+  }
   return true;
 }
 
@@ -89,7 +113,7 @@ int64_t FileTable::Length(int16_t number) {
 void FileTable::Close(int16_t number) {
   auto it = files_.find(number);
   if (it == files_.end()) return;
-  std::fclose(it->second);
+  std::fclose(it->second.stream);
   files_.erase(it);
 }
 

@@ -37,6 +37,11 @@ class FileTable {
   // kErrPastEndOfFile when nothing is left, or another BASIC error number.
   int LineInput(int16_t number, std::string& line);
 
+  // True at the end of a file opened for text lines; for a byte-wise file,
+  // true only once a read has run into its end, as BASIC has it. Also true
+  // for a number that is not open.
+  bool Eof(int16_t number);
+
   // Writes `bytes` at the current position; 0 or a BASIC error number.
   int Put(int16_t number, std::string_view bytes);
 
@@ -49,11 +54,17 @@ class FileTable {
   void Close(int16_t number);
 
  private:
+  struct OpenFile {
+    std::FILE* stream;
+    bool binary;
+    bool hit_end;
+  };
   int16_t FreeFile() const;
-  std::FILE* Stream(int16_t number) const;
+  OpenFile* Find(int16_t number);
+  std::FILE* Stream(int16_t number);
 
   Env& env_;
-  std::map<int16_t, std::FILE*> files_;
+  std::map<int16_t, OpenFile> files_;
 };
 
 // Deletes a file; 0 on success, non-zero on failure.

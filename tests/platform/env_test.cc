@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "support/dates.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"
 
@@ -163,6 +164,42 @@ TEST(Env, BackslashPathsReachTheSameFiles) {
   EXPECT_EQ(env().FileLength(with_backslashes + "\\b.log").value_or(-1), 3);
 }
 #endif
+
+}  // namespace
+}  // namespace ferrow
+
+namespace ferrow {
+namespace {
+
+TEST(EnvInstance, LaterClaimSeesAnEarlierOneUntilItLapses) {
+  const std::string name = "ferrow-env-test-" + std::to_string(std::time(nullptr));
+  bool another = true;
+  auto first = env().ClaimInstance(name, another);
+  EXPECT_FALSE(another);
+  auto second = env().ClaimInstance(name, another);
+  EXPECT_TRUE(another);
+  first.reset();
+  second.reset();
+  auto third = env().ClaimInstance(name, another);
+  EXPECT_FALSE(another);
+}
+
+TEST(EnvFiles, RenameRefusesToReplaceAFile) {
+  testing::TempDir dir;
+  testing::WriteBytes(dir.File("a"), "a");
+  testing::WriteBytes(dir.File("b"), "b");
+  EXPECT_FALSE(env().RenameFile(dir.File("a"), dir.File("b")));
+  EXPECT_TRUE(env().RenameFile(dir.File("a"), dir.File("c")));
+  EXPECT_EQ(testing::ReadBytes(dir.File("c")), "a");
+}
+
+TEST(EnvLocale, DatesAndTimesAreNotEmpty) {
+  std::tm when = LocalTime(env().Now());
+  EXPECT_FALSE(env().SystemShortDate(when).empty());
+  EXPECT_FALSE(env().SystemLongDate(when).empty());
+  EXPECT_FALSE(env().SystemLongTime(when).empty());
+  EXPECT_EQ(env().SystemDateSeparator().size(), 1u);
+}
 
 }  // namespace
 }  // namespace ferrow

@@ -1,6 +1,34 @@
 #include "testing/counting_env.h"
 
 namespace ferrow::testing {
+namespace {
+
+std::string Format(const char* format, const std::tm& when) {
+  char buffer[128];
+  return std::string(buffer, std::strftime(buffer, sizeof buffer, format, &when));
+}
+
+}  // namespace
+
+std::time_t FixedNow() {
+  std::tm t{};
+  t.tm_year = 2012 - 1900;
+  t.tm_mon = 5;
+  t.tm_mday = 30;
+  t.tm_hour = 14;
+  t.tm_min = 5;
+  t.tm_sec = 9;
+  t.tm_isdst = -1;
+  return std::mktime(&t);
+}
+
+std::string CountingEnv::SystemShortDate(const std::tm& when) {
+  return Format("%d/%m/%Y", when);
+}
+std::string CountingEnv::SystemLongDate(const std::tm& when) {
+  return std::to_string(when.tm_mday) + Format(" %B %Y", when);
+}
+std::string CountingEnv::SystemLongTime(const std::tm& when) { return Format("%H:%M:%S", when); }
 
 bool ProfileWriteEnv::WriteProfileString(const char* section, const char* key, const char* value,
                                          const std::string& path) {

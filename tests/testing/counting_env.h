@@ -1,5 +1,6 @@
 // An Env over the real one that counts sleeps and event runs instead of
-// sleeping, so retry loops can be checked without waiting for them.
+// sleeping, and fixes the clock and the locale, so that retry loops and
+// dated records can be checked exactly and without waiting.
 #pragma once
 
 #include <functional>
@@ -7,6 +8,9 @@
 #include "platform/env.h"
 
 namespace ferrow::testing {
+
+// 2012-06-30 14:05:09, local time.
+std::time_t FixedNow();
 
 class CountingEnv : public EnvWrapper {
  public:
@@ -19,9 +23,16 @@ class CountingEnv : public EnvWrapper {
   }
   void LetEventsRun() override { ++event_runs; }
 
+  std::time_t Now() override { return FixedNow() + slept_ms / 1000; }
+  std::string SystemDateSeparator() override { return date_separator; }
+  std::string SystemShortDate(const std::tm& when) override;
+  std::string SystemLongDate(const std::tm& when) override;
+  std::string SystemLongTime(const std::tm& when) override;
+
   int sleeps = 0;
   long slept_ms = 0;
   int event_runs = 0;
+  std::string date_separator = "/";
   std::function<void()> on_sleep;
 };
 

@@ -1,0 +1,23 @@
+// The start-up trim of the shared configuration file: it keeps only comments,
+// section headers and the known keys, drops obsolete keys, stray lines, blank
+// lines and the previous version header, and writes a fresh header line. A
+// ".BAK" copy is made first and stays behind.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ferrow {
+
+struct Session;
+
+// The version this program writes into the header of a trimmed file.
+inline constexpr char kTrimVersion[] = "1.46";
+
+// Rewrites `file_name` in place, keeping its length (NUL characters fill what
+// the shorter text leaves). `known_keys` is used from index 1; an entry ending
+// in "*" is a prefix. With `filter_keys` false every non-empty line is kept.
+bool TrimFile(Session& session, const std::string& file_name,
+              const std::vector<std::string>& known_keys, bool filter_keys);
+
+}  // namespace ferrow

@@ -1,0 +1,21 @@
+// What the core procedures of one process work with: the operating system,
+// the option record and the windows. Passed by reference instead of globals.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/env.h"
+#include "startup/options.h"
+#include "support/ui.h"
+
+namespace ferrow {
+
+struct Session {
+  Env& env;
+  Options& options;
+  Ui& ui;
+  // The step a reporting procedure has reached, for its error reports.
+  int16_t ErrorLine = 0;
+};
+
+}  // namespace ferrow

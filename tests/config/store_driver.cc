@@ -1,0 +1,78 @@
+// Performs one configuration-store operation per run, for the tests that
+// start several processes at once:
+//   store_driver lock INI SECONDS       GetWriteLock; exit 0 when got, 3 when not
+//   store_driver hold-lock INI          GetWriteLock(0), print "held", wait to be killed
+//   store_driver tidy INI NAME...       AddToHistory each NAME, then TidyHistory
+//   store_driver remove INI NAME        RemoveFromHistory
+//   store_driver save INI SECTION SIZE  SaveFileSettings with FontSize = SIZE
+//   store_driver claim NAME [hold]      ClaimInstance; print "another" or "alone"
+// Captions, and for tidy what it read and what it ended with, go to stdout.
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <thread>
+
+#include "config/history.h"
+#include "config/settings.h"
+#include "config/write_lock.h"
+#include "startup/session.h"
+
+namespace {
+
+using namespace ferrow;
+
+class PrintingUi : public HeadlessUi {
+ public:
+  void SetMenuCaption(const std::string& caption) override {
+    std::cout << "caption:" << caption << "\n";
+    HeadlessUi::SetMenuCaption(caption);
+  }
+};
+
+[[noreturn]] void WaitToBeKilled() {
+  std::cout.flush();
+  for (;;) std::this_thread::sleep_for(std::chrono::seconds(1));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc < 3) return 2;
+  const std::string op = argv[1];
+  Env& env = *Env::Default();
+  Options options;
+  options.IniFileName = argv[2];
+  PrintingUi ui;
+  Session session{env, options, ui};
+
+  if (op == "lock" && argc == 4) return GetWriteLock(session, std::atoi(argv[3])) ? 0 : 3;
+  if (op == "hold-lock") {
+    if (!GetWriteLock(session, 0)) return 3;
+    std::cout << "held\n";
+    WaitToBeKilled();
+  }
+  if (op == "tidy") {
+    for (int i = 3; i < argc; ++i) AddToHistory(options, argv[i]);
+    std::vector<std::string> read;
+    if (!TidyHistory(session, &read)) return 3;
+    for (const auto& name : read) std::cout << "read:" << name << "\n";
+    for (int i = 0; i < options.HistoryTotal; ++i)
+      std::cout << "list:" << options.HistoryList[static_cast<size_t>(i)] << "\n";
+    return 0;
+  }
+  if (op == "remove" && argc == 4) return RemoveFromHistory(session, argv[3]) ? 0 : 3;
+  if (op == "save" && argc == 5) {
+    options.FontSize = static_cast<int16_t>(std::atoi(argv[4]));
+    SaveFileSettings(session, argv[3]);
+    return 0;
+  }
+  if (op == "claim") {
+    bool another = false;
+    auto claim = env.ClaimInstance(argv[2], another);
+    std::cout << (another ? "another" : "alone") << "\n";
+    if (argc > 3) WaitToBeKilled();
+    return 0;
+  }
+  return 2;
+}

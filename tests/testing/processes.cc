@@ -1,0 +1,81 @@
+#include "testing/processes.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+
+#include <sstream>
+
+#include "testing/temp_dir.h"
+
+extern char** environ;
+
+namespace ferrow::testing {
+
+pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path) {
+  std::vector<char*> argv;
+  for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (!stdout_path.empty())
+    posix_spawn_file_actions_addopen(&actions, 1, stdout_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
+                                     0644);
+  pid_t pid = -1;
+  if (posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ) != 0) pid = -1;
+  posix_spawn_file_actions_destroy(&actions);
+  return pid;
+}
+
+int WaitExit(pid_t pid) {
+  int status = 0;
+  if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
+}
+
+bool Parseable(const std::string& text, std::string* why) {
+  size_t pos = 0;
+  while (pos < text.size()) {
+    size_t end = text.find("\r\n", pos);
+    if (end == std::string::npos) {
+      *why = "unterminated line at " + std::to_string(pos);
+      return false;
+    }
+    std::string line = text.substr(pos, end - pos);
+    bool header = line.size() > 2 && line.front() == '[' && line.back() == ']';
+    bool entry = line.find('=') != std::string::npos && line.front() != '[';
+    if (!header && !entry) {
+      *why = "bad line: " + line;
+      return false;
+    }
+    pos = end + 2;
+  }
+  return true;
+}
+
+std::vector<std::string> LinesStartingWith(const std::string& text, const std::string& prefix) {
+  std::vector<std::string> lines;
+  std::istringstream in(text);
+  std::string line;
+  while (std::getline(in, line))
+    if (line.compare(0, prefix.size(), prefix) == 0) lines.push_back(line.substr(prefix.size()));
+  return lines;
+}
+
+TornFileWatch::TornFileWatch(std::string path)
+    : path_(std::move(path)), thread_([this] {
+        while (watching_) {
+          std::string text = ReadBytes(path_), why;
+          ++reads_;
+          if (!Parseable(text, &why) && torn_++ == 0) first_problem_ = why;
+        }
+      }) {}
+
+TornFileWatch::~TornFileWatch() { Stop(); }
+
+void TornFileWatch::Stop() {
+  watching_ = false;
+  if (thread_.joinable()) thread_.join();
+}
+
+}  // namespace ferrow::testing

@@ -1,0 +1,33 @@
+// A session over a configuration file in a fresh folder, with a counting env
+// and a recording Ui.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "startup/options.h"
+#include "startup/session.h"
+#include "support/paths.h"
+#include "testing/counting_env.h"
+#include "testing/recording_ui.h"
+#include "testing/temp_dir.h"
+
+namespace ferrow::testing {
+
+class SessionTest : public ::testing::Test {
+ protected:
+  SessionTest() {
+    options.IniFileName = dir.File("Ferrow.INI");
+    options.LogFileName = dir.File("Ferrow.LOG");
+  }
+  void WriteIni(const std::string& text) { WriteBytes(options.IniFileName, text); }
+  std::string Ini() { return ReadBytes(options.IniFileName); }
+  std::string Log() { return ReadBytes(options.LogFileName); }
+
+  TempDir dir;
+  ProfileWriteEnv env;
+  Options options;
+  RecordingUi ui;
+  Session session{env, options, ui};
+};
+
+}  // namespace ferrow::testing
