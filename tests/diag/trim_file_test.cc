@@ -195,3 +195,30 @@ TEST_F(TrimFileTest, TempFileThatCannotBeWrittenLeavesTheFileAlone) {
 
 }  // namespace
 }  // namespace ferrow
+
+namespace ferrow {
+namespace {
+
+TEST_F(TrimFileTest, RewriteWaitsForTheProfileWritersLockAndGivesUpWithoutIt) {
+  DebugOn();
+  WriteIni("[Common]\r\nObsolete=1\r\n");
+  class LockTakenEnv : public testing::CountingEnv {
+   public:
+    std::unique_ptr<FileLock> LockProfile(const std::string& path, int wait_ms) override {
+      asked_for = path;
+      waited_ms = wait_ms;
+      return nullptr;
+    }
+    std::string asked_for;
+    int waited_ms = 0;
+  } locked;
+  Session s{locked, options, ui};
+  EXPECT_FALSE(TrimFile(s, options.IniFileName, KnownKeys(), true));
+  EXPECT_EQ(locked.asked_for, options.IniFileName);
+  EXPECT_GT(locked.waited_ms, 0);
+  EXPECT_EQ(Ini(), "[Common]\r\nObsolete=1\r\n");
+  EXPECT_NE(Log().find(") Failed to fopen(" + options.IniFileName + ") @18\""), std::string::npos);
+}
+
+}  // namespace
+}  // namespace ferrow
