@@ -108,6 +108,16 @@ class Env {
   virtual std::string UserConfigFolder() = 0;
 
   virtual std::string GetEnvVar(const std::string& name) = 0;
+
+  // Shared libraries and their functions: nullptr when missing.
+  virtual void* OpenLibrary(const std::string& path) = 0;
+  virtual void* LibrarySymbol(void* library, const char* name) = 0;
+  // Frees a string a shared library handed over (CoTaskMemFree / free).
+  virtual void FreeLibraryString(char* text) = 0;
+
+  // The process's own command line after the program's name, where the OS
+  // keeps one (Windows); nothing elsewhere, where it is rebuilt from argv.
+  virtual std::optional<std::string> RawCommandTail() = 0;
 };
 
 // Forwards every call to another Env; tests derive from it and override the
@@ -156,6 +166,10 @@ class EnvWrapper : public Env {
   std::string ProgramPath() override { return target_->ProgramPath(); }
   std::string UserConfigFolder() override { return target_->UserConfigFolder(); }
   std::string GetEnvVar(const std::string& n) override { return target_->GetEnvVar(n); }
+  void* OpenLibrary(const std::string& p) override { return target_->OpenLibrary(p); }
+  void* LibrarySymbol(void* l, const char* n) override { return target_->LibrarySymbol(l, n); }
+  void FreeLibraryString(char* t) override { target_->FreeLibraryString(t); }
+  std::optional<std::string> RawCommandTail() override { return target_->RawCommandTail(); }
 
  private:
   Env* target_;

@@ -1,6 +1,7 @@
 // Env for Linux and other POSIX systems. Paths may use "\" or "/"; they are
 // handed to the OS with "/".
 #include <dirent.h>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <fnmatch.h>
 #include <sys/stat.h>
@@ -195,6 +196,15 @@ class PosixEnv : public Env {
     const char* value = std::getenv(name.c_str());
     return value ? value : "";
   }
+
+  void* OpenLibrary(const std::string& path) override {
+    return ::dlopen(PosixPath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+  }
+  void* LibrarySymbol(void* library, const char* name) override {
+    return library ? ::dlsym(library, name) : nullptr;
+  }
+  void FreeLibraryString(char* text) override { std::free(text); }
+  std::optional<std::string> RawCommandTail() override { return std::nullopt; }
 
  private:
   std::function<void()> events_hook_;

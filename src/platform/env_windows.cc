@@ -5,6 +5,7 @@
 #endif
 #include <windows.h>
 
+#include <objbase.h>
 #include <share.h>
 
 #include <cstdlib>
@@ -199,6 +200,28 @@ class WindowsEnv : public Env {
   std::string UserConfigFolder() override {
     std::string appdata = GetEnvVar("APPDATA");
     return appdata.empty() ? std::string() : JoinPath(appdata, "Ferrow");
+  }
+
+  void* OpenLibrary(const std::string& path) override {
+    return reinterpret_cast<void*>(LoadLibraryA(path.c_str()));
+  }
+  void* LibrarySymbol(void* library, const char* name) override {
+    return library ? reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(library), name))
+                   : nullptr;
+  }
+  void FreeLibraryString(char* text) override { CoTaskMemFree(text); }
+
+  std::optional<std::string> RawCommandTail() override {
+    const char* p = GetCommandLineA();
+    if (*p == '"') {
+      for (++p; *p && *p != '"'; ++p) {
+      }
+      if (*p) ++p;
+    } else {
+      while (*p && *p != ' ' && *p != '\t') ++p;
+    }
+    while (*p == ' ' || *p == '\t') ++p;
+    return std::string(p);
   }
 
   std::string GetEnvVar(const std::string& name) override {

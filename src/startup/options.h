@@ -6,7 +6,11 @@
 
 #include <array>
 #include <cstdint>
+#include <ctime>
 #include <string>
+#include <vector>
+
+#include "display/themes.h"
 
 namespace ferrow {
 
@@ -78,6 +82,13 @@ struct Options : FileOptions {
   bool HelperLibraryInUse = false;
   bool PrevInstance = false;  // another instance was running when this one started
   std::string UsageText;
+  std::time_t StartTime = 0;  // when start-up ran, for the about window
+
+  // The themes' fonts and codes, and the filter word lists built from
+  // FilterString and RedFilterString.
+  ThemeTables Themes;
+  std::vector<std::string> FilterWords;
+  std::vector<std::string> RedFilterWords;
 
   // The per-file values this session starts every file with: the fixed
   // defaults as changed by [Common] and the command line.

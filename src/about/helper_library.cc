@@ -1,0 +1,100 @@
+#include "about/helper_library.h"
+
+#include <vector>
+
+#include "ferrow_helper.h"
+#include "platform/env.h"
+#include "startup/options.h"
+#include "support/paths.h"
+#include "support/strings.h"
+
+namespace ferrow {
+
+std::string HelperLibraryFileName() {
+#ifdef _WIN32
+  return "ferrow.dll";
+#else
+  return "libferrow.so";
+#endif
+}
+
+HelperLibrary HelperLibrary::Bind(Env& env) {
+  const std::string name = HelperLibraryFileName();
+  void* handle = env.OpenLibrary(JoinPath(FolderPart(env.ProgramPath()), name));
+  if (!handle) handle = env.OpenLibrary(name);
+  return HelperLibrary(env, handle);
+}
+
+HelperLibrary HelperLibrary::BindFile(Env& env, const std::string& path) {
+  return HelperLibrary(env, env.OpenLibrary(path));
+}
+
+template <typename Fn>
+Fn HelperLibrary::Function(const char* name) const {
+  return reinterpret_cast<Fn>(env_->LibrarySymbol(handle_, name));
+}
+
+std::optional<std::string> HelperLibrary::Take(char* text) const {
+  if (!text) return std::nullopt;
+  std::string copy = text;
+  env_->FreeLibraryString(text);
+  StripTrailing(copy, '\0');
+  return copy;
+}
+
+std::optional<int16_t> HelperLibrary::DLLVersion() const {
+  auto fn = Function<decltype(&::DLLVersion)>("DLLVersion");
+  if (!fn) return std::nullopt;
+  return fn();
+}
+
+std::optional<std::string> HelperLibrary::RTFFilter(const std::string& line) const {
+  auto fn = Function<decltype(&::RTFFilter)>("RTFFilter");
+  if (!fn) return std::nullopt;
+  std::vector<char> buffer(line.begin(), line.end());
+  buffer.push_back('\0');
+  return Take(fn(buffer.data()));
+}
+
+std::optional<std::string> HelperLibrary::RTFFilterNoSlash(const std::string& line) const {
+  auto fn = Function<decltype(&::RTFFilterNoSlash)>("RTFFilterNoSlash");
+  if (!fn) return std::nullopt;
+  std::vector<char> buffer(line.begin(), line.end());
+  buffer.push_back('\0');
+  return Take(fn(buffer.data()));
+}
+
+std::optional<std::string> HelperLibrary::GetLinkTarget(const std::string& link_path) const {
+  auto fn = Function<decltype(&::GetLinkTarget)>("GetLinkTarget");
+  if (!fn) return std::nullopt;
+  return Take(fn(link_path.c_str()));
+}
+
+std::optional<std::string> HelperLibrary::GetDLLFileName() const {
+  auto fn = Function<decltype(&::GetDLLFileName)>("GetDLLFileName");
+  if (!fn) return std::nullopt;
+  return Take(fn());
+}
+
+std::optional<std::string> HelperLibrary::GetProfileDir(int32_t kind) const {
+  auto fn = Function<decltype(&::GetProfileDir)>("GetProfileDir");
+  if (!fn) return std::nullopt;
+  return Take(fn(kind));
+}
+
+std::optional<int16_t> HelperLibrary::CreateShortcut(const std::string& target,
+                                                     const std::string& link_path,
+                                                     const std::string& a, const std::string& b,
+                                                     const std::string& c, int32_t n1,
+                                                     int32_t n2) const {
+  auto fn = Function<decltype(&::CreateShortcut)>("CreateShortcut");
+  if (!fn) return std::nullopt;
+  return fn(target.c_str(), link_path.c_str(), a.c_str(), b.c_str(), c.c_str(), n1, n2);
+}
+
+void CheckHelperLibrary(Options& options, const HelperLibrary& library) {
+  options.HelperLibraryVersion = library.DLLVersion().value_or(0);
+  options.HelperLibraryInUse = options.HelperLibraryVersion >= kHelperLibraryMinimum;
+}
+
+}  // namespace ferrow
