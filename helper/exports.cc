@@ -1,5 +1,4 @@
-// The seven functions the program calls.
-#define FERROW_HELPER_BUILD
+// The seven functions the program calls (built with FERROW_HELPER_BUILD).
 #include "ferrow_helper.h"
 
 #include <cstdio>

@@ -151,18 +151,27 @@ LinkTarget ReadLink(const std::string& data, const std::string& link_folder) {
   for (uint32_t field : {kHasName, kHasRelativePath, kHasWorkingDir, kHasArguments, kHasIconLocation}) {
     if (!(flags & field)) continue;
     uint32_t count = 0;
-    if (!all.U16(at, count) || !all.Has(at + 2, count * (unicode ? 2 : 1))) break;
+    const size_t width = unicode ? 2 : 1;
+    if (!all.U16(at, count) || !all.Has(at + 2, count * width)) return LinkTarget{};
     std::string text;
     if (unicode) {
       std::u16string wide;
-      for (uint32_t i = 0, c = 0; i < count && all.U16(at + 2 + 2 * i, c); ++i) wide += static_cast<char16_t>(c);
+      for (uint32_t i = 0, c = 0; i < count && all.U16(at + 2 + 2 * i, c); ++i)
+        wide += static_cast<char16_t>(c);
       text = Utf16ToUtf8(wide);
     } else {
       text = data.substr(at + 2, count);
     }
-    at += 2 + count * (unicode ? 2 : 1);
+    at += 2 + count * width;
     if (field == kHasRelativePath) relative = text;
     if (field == kHasWorkingDir) result.working_folder = text;
+  }
+  // Extra data blocks, each with its size, up to the terminal block: a file
+  // cut short anywhere is no shortcut.
+  for (uint32_t block = 0;; at += block) {
+    if (!all.U32(at, block)) return LinkTarget{};
+    if (block < 4) break;
+    if (!all.Has(at, block)) return LinkTarget{};
   }
   if (result.path.empty() && !relative.empty()) {
     result.path = link_folder.empty() ? relative : link_folder + "/" + relative;
