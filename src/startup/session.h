@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "about/helper_library.h"
 #include "platform/env.h"
 #include "startup/options.h"
 #include "support/ui.h"
@@ -14,8 +15,12 @@ struct Session {
   Env& env;
   Options& options;
   Ui& ui;
+  // The companion library, when start-up bound one.
+  const HelperLibrary* helper = nullptr;
   // The step a reporting procedure has reached, for its error reports.
   int16_t ErrorLine = 0;
+  // Numbers the appended blocks in the debug banner, for the whole run.
+  int16_t DebugBlockCounter = 0;
 };
 
 }  // namespace ferrow
