@@ -15,8 +15,6 @@ class TextWindowProc : public QObject {
 
  public:
   using QObject::QObject;
-
- protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
