@@ -108,6 +108,18 @@ TEST_F(FrmTextTest, ClosingAMinimisedOrMaximisedWindowKeepsTheStoredSize) {
   EXPECT_EQ(Stored("FormWidth"), "6000");
 }
 
+TEST_F(FrmTextTest, ClosingAMinimisedWindowKeepsTheStoredSizeToo) {
+  options.FormWidth = 7000;
+  options.FormHeight = 2000;
+  window.Form_Load();
+  window.showMinimized();
+  QApplication::processEvents();
+  ASSERT_TRUE(window.isMinimized());
+  window.close();
+  EXPECT_EQ(options.FormWidth, 7000);
+  EXPECT_EQ(options.FormHeight, 2000);
+}
+
 TEST_F(FrmTextTest, ClosingWithTheProgramLeavesTheControlWindowAlone) {
   control.closing = true;
   window.Form_Load();
