@@ -46,19 +46,23 @@ std::string ColourTable(Colour font_colour, Colour filter_colour) {
          ";\\red0\\green255\\blue0;\\red0\\green0\\blue255;}";
 }
 
+std::string DocumentStart(const Session& s, int box_size, bool box_bold) {
+  const Options& o = s.options;
+  return DocumentHeader(o.Font, o.FontSize) + ColourTable(o.FontColour, o.FilterColour) +
+         kGenerator + RTFFontSize(box_size) + RTFBold(box_bold) + "\\cf1 ";
+}
+
+std::string DocumentLine(const Session& s, const std::string& raw, bool box_bold) {
+  const std::string line = EscapeDocumentLine(s, raw);
+  if (LineMatchesFilter(line, s.options.FilterWords))
+    return "\\cf2 " + RTFBold(box_bold) + line + "\\cf1 \\par\r\n";
+  return RTFBold(box_bold) + line + "\\par\r\n";
+}
+
 std::string ComposeInitialDocument(const Session& s, const std::vector<std::string>& lines,
                                    int box_size, bool box_bold) {
-  const Options& o = s.options;
-  std::string doc = DocumentHeader(o.Font, o.FontSize) + ColourTable(o.FontColour, o.FilterColour) +
-                    kGenerator + RTFFontSize(box_size) + RTFBold(box_bold) + "\\cf1 ";
-  const std::string bold = RTFBold(box_bold);
-  for (const std::string& raw : lines) {
-    const std::string line = EscapeDocumentLine(s, raw);
-    if (LineMatchesFilter(line, o.FilterWords))
-      doc += "\\cf2 " + bold + line + "\\cf1 \\par\r\n";
-    else
-      doc += bold + line + "\\par\r\n";
-  }
+  std::string doc = DocumentStart(s, box_size, box_bold);
+  for (const std::string& line : lines) doc += DocumentLine(s, line, box_bold);
   return doc + "}";
 }
 

@@ -33,6 +33,11 @@ std::string DocumentHeader(const std::string& font, int font_size);
 // The colour table: FontColour, FilterColour, then green and blue.
 std::string ColourTable(Colour font_colour, Colour filter_colour);
 
+// The start of the initial document: header, colour table and paragraph start.
+std::string DocumentStart(const Session& session, int box_size, bool box_bold);
+// One line of it, escaped, in the filter colour when it carries a filter word.
+std::string DocumentLine(const Session& session, const std::string& line, bool box_bold);
+
 // The whole initial document for `lines` (already in file order). `box_size`
 // and `box_bold` are the box's current font size and bold flag.
 std::string ComposeInitialDocument(const Session& session, const std::vector<std::string>& lines,

@@ -115,6 +115,11 @@ class Env {
   // Frees a string a shared library handed over (CoTaskMemFree / free).
   virtual void FreeLibraryString(char* text) = 0;
 
+  // How the followed file's bytes become text: UTF-8 as they are (POSIX), or
+  // the ANSI code page, one character per byte, converted to UTF-8 (Windows).
+  virtual bool FileTextIsUtf8() = 0;
+  virtual std::string AnsiToUtf8(const std::string& bytes) = 0;
+
   // The process's own command line after the program's name, where the OS
   // keeps one (Windows); nothing elsewhere, where it is rebuilt from argv.
   virtual std::optional<std::string> RawCommandTail() = 0;
@@ -170,6 +175,8 @@ class EnvWrapper : public Env {
   void* LibrarySymbol(void* l, const char* n) override { return target_->LibrarySymbol(l, n); }
   void FreeLibraryString(char* t) override { target_->FreeLibraryString(t); }
   std::optional<std::string> RawCommandTail() override { return target_->RawCommandTail(); }
+  bool FileTextIsUtf8() override { return target_->FileTextIsUtf8(); }
+  std::string AnsiToUtf8(const std::string& b) override { return target_->AnsiToUtf8(b); }
 
  private:
   Env* target_;

@@ -205,6 +205,8 @@ class PosixEnv : public Env {
   }
   void FreeLibraryString(char* text) override { std::free(text); }
   std::optional<std::string> RawCommandTail() override { return std::nullopt; }
+  bool FileTextIsUtf8() override { return true; }
+  std::string AnsiToUtf8(const std::string& bytes) override { return bytes; }
 
  private:
   std::function<void()> events_hook_;

@@ -224,6 +224,20 @@ class WindowsEnv : public Env {
     return std::string(p);
   }
 
+  bool FileTextIsUtf8() override { return false; }
+
+  std::string AnsiToUtf8(const std::string& bytes) override {
+    if (bytes.empty()) return {};
+    const int size = static_cast<int>(bytes.size());
+    int wide_size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<size_t>(wide_size), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, &wide[0], wide_size);
+    int utf8_size = WideCharToMultiByte(CP_UTF8, 0, wide.data(), wide_size, nullptr, 0, nullptr, nullptr);
+    std::string utf8(static_cast<size_t>(utf8_size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), wide_size, &utf8[0], utf8_size, nullptr, nullptr);
+    return utf8;
+  }
+
   std::string GetEnvVar(const std::string& name) override {
     char buffer[32768];
     DWORD n = GetEnvironmentVariableA(name.c_str(), buffer, sizeof buffer);

@@ -1,0 +1,85 @@
+// The poll: has the followed file grown, and if so read, show and alert.
+#include "about/product.h"
+#include "display/append_block.h"
+#include "display/text_box.h"
+#include "display/text_ops.h"
+#include "engine/file_reader.h"
+#include "engine/follow_windows.h"
+#include "engine/follower.h"
+#include "startup/session.h"
+#include "support/numbers.h"
+#include "support/paths.h"
+
+namespace ferrow {
+
+Follower::Follower(Session& session, FollowWindows& windows)
+    : session_(session), windows_(windows), decoder_(session.env) {}
+
+void Follower::Timer1_Timer() {
+  HasFileChanged(session_.options.FileName, false);
+  if (++tick_count_ > 10000) tick_count_ = 0;
+  session_.env.SleepMs(10);
+}
+
+bool Follower::HasFileChanged(const std::string& file_name, bool limit_high_water_mark) {
+  Options& o = session_.options;
+  Env& env = session_.env;
+  if (file_name.empty()) {
+    o.LastFileSize = o.HighWaterMark = 0;
+    return false;
+  }
+  const std::optional<int64_t> measured =
+      env.OsMajorVersion() >= 6 ? FileLenFresh(env, file_name) : env.FileLength(file_name);
+  if (!measured || env.IsFolder(file_name)) return false;  // gone, hidden or not a file: next tick
+  const int64_t length = *measured;
+  if (length == 0) return false;
+  if (length < o.LastFileSize) {
+    o.LastFileSize = length;
+    decoder_.Reset();
+  }
+  bool result = false;
+  if (length - o.LastFileSize > 0) {
+    if (!limit_high_water_mark || length > o.HighWaterMark)
+      ReadChangedFile(file_name, o.LastFileSize + 1);
+    if (o.PlaySoundOnUpdate && !PlayWav(o.UpdateSound)) {
+      session_.ui.ShowMessage("Problem encountered playing " + o.UpdateSound + " (disabled sounds)",
+                              "", MessageIcon::Critical);
+      o.PlaySoundOnUpdate = false;
+      windows_.ClearPlaySoundCheckBox();
+    }
+    if (o.AlertOnUpdate) windows_.FlashTextWindow();
+    result = true;
+  }
+  o.LastFileSize = o.HighWaterMark = length;
+  return result;
+}
+
+void Follower::ReadChangedFile(const std::string& file_name, int64_t from_pos) {
+  if (!FileExists(session_.env, file_name)) return;
+  bool message = false;
+  const std::string bytes = ReadFileFromPos(session_.env, file_name, from_pos, &message);
+  if (message) decoder_.Reset();  // the skipped bytes are never shown
+  AppendTextBlock(session_, windows_.TextWindowBox(), message ? bytes : TextOf(bytes),
+                  session_.options.QuickScroll);
+  UpdateCaption();
+}
+
+void Follower::UpdateCaption() {
+  const Options& o = session_.options;
+  const int64_t lines = std::max<int64_t>(GetLineCount(windows_.TextWindowBox()) - 1, 0);
+  windows_.SetTextWindowCaption(std::string(kProductName) + " - " + o.FileName + " (" +
+                                GroupDigits(o.LastFileSize) + " bytes) [" + std::to_string(lines) +
+                                "]");
+}
+
+bool Follower::PlayWav(const std::string& sound_file) {
+  if (!sounds_enabled_) return false;
+  std::string name = sound_file;
+  if (FolderPart(name).empty()) name = JoinPath(FolderPart(session_.env.ProgramPath()), name);
+  if (!FileExists(session_.env, name)) return false;
+  const bool played = windows_.PlaySoundFile(name, false);
+  for (int i = 0; i < 4; ++i) session_.env.SleepMs(10);
+  return played;
+}
+
+}  // namespace ferrow

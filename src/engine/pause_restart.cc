@@ -1,0 +1,63 @@
+// Pausing, resuming and restarting the following of the current file.
+#include "about/product.h"
+#include "config/settings.h"
+#include "display/filters.h"
+#include "display/text_box.h"
+#include "display/text_ops.h"
+#include "engine/follow_windows.h"
+#include "engine/follower.h"
+#include "startup/session.h"
+#include "support/paths.h"
+
+namespace ferrow {
+
+void Follower::cmdPause_Click() {
+  windows_.SetTimerEnabled(!windows_.TimerEnabled());
+  CheckPauseCaption();
+}
+
+void Follower::CheckPauseCaption() {
+  const std::string name = FileNamePart(session_.options.FileName);
+  const std::string menu = std::string(kProductName) + " Menu";
+  if (windows_.TimerEnabled()) {
+    windows_.ShowPauseButton(true, "Click to pause");
+    session_.ui.SetMenuCaption(menu + " - " + name);
+  } else {
+    windows_.ShowPauseButton(false, "Click to restart");
+    session_.ui.SetMenuCaption(menu + " (Paused) - " + (name.empty() ? "No file" : name));
+  }
+}
+
+void Follower::FerrowRestart() {
+  Options& o = session_.options;
+  session_.ErrorLine = 10;
+  RebuildFilterWords(o);
+  const std::string box_text = windows_.FileNameBoxText();
+  if (!box_text.empty()) o.FileName = box_text;
+  o.LastFileSize = session_.env.FileLength(o.FileName).value_or(0);
+  decoder_.Reset();
+
+  session_.ErrorLine = 40;
+  if (o.FileSection != "Config") {
+    windows_.StoreMenuPosition(o);
+    SaveFileSettings(session_, o.FileSection);
+  }
+  windows_.RefreshFilterCaption();
+
+  session_.ErrorLine = 60;
+  TextBox& box = windows_.TextWindowBox();
+  box.SetFontName(o.Font);
+  box.SetFontSize(o.FontSize);
+  box.SetFontBold(o.FontBold);
+  SetWordWrapOff(box);  // a right margin of 200000: lines do not wrap
+  box.SetText("");
+
+  session_.ErrorLine = 70;
+  windows_.SetTimerEnabled(false);
+  if (o.BringFromStartOfFile) LoadFileToTextBox(o.FileName, box, o.LinesToRead);
+  windows_.SetTimerInterval(o.TimerInterval);
+  windows_.SetTimerEnabled(true);
+  CheckPauseCaption();
+}
+
+}  // namespace ferrow
