@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace ferrow {
+
+// True when `bytes` begin like a WAV file the sound players take: RIFF,
+// WAVE, a "fmt " chunk of PCM or IEEE-float samples.
+bool LooksLikePlayableWav(const std::string& bytes);
+
+}  // namespace ferrow
