@@ -1,47 +1,92 @@
-// The program's entry point: runs start-up, then hands over to the windows.
-// Until the windows exist, it reports on the console what start-up did.
+// The program: start-up, then the control window until it is closed.
+#include <QApplication>
+#include <QSocketNotifier>
+#ifndef _WIN32
+#include <signal.h>
+#include <unistd.h>
+#endif
 #include <clocale>
-#include <iostream>
+#include <exception>
+#include <memory>
 
+#include "control/Form1.h"
+#include "control/window_services.h"
 #include "startup/options.h"
 #include "startup/session.h"
 #include "startup/startup.h"
-#include "support/numbers.h"
 
 namespace {
 
-// Message boxes on the console while there are no windows.
-class ConsoleUi : public ferrow::HeadlessUi {
+// Exceptions end at the event loop's edge: a failing handler is abandoned,
+// the program goes on.
+class FerrowApplication : public QApplication {
  public:
-  void ShowMessage(const std::string& text, const std::string& title,
-                   ferrow::MessageIcon) override {
-    std::cout << (title.empty() ? "Ferrow" : title) << ":\n" << text << "\n";
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+      return false;
+    }
   }
 };
+
+#ifndef _WIN32
+// SIGTERM and SIGINT close the program as its close button does, so that its
+// settings and history are saved: the handler only writes to a pipe that the
+// event loop watches.
+int signal_pipe[2] = {-1, -1};
+
+void OnSignal(int) {
+  char byte = 1;
+  (void)!::write(signal_pipe[1], &byte, 1);
+}
+
+void CloseOnSignals(QWidget* window) {
+  if (::pipe(signal_pipe) != 0) return;
+  auto* notifier = new QSocketNotifier(signal_pipe[0], QSocketNotifier::Read, window);
+  QObject::connect(notifier, &QSocketNotifier::activated, window, [window] {
+    char byte;
+    (void)!::read(signal_pipe[0], &byte, 1);
+    window->close();
+  });
+  struct sigaction action {};
+  action.sa_handler = OnSignal;
+  sigemptyset(&action.sa_mask);
+  ::sigaction(SIGTERM, &action, nullptr);
+  ::sigaction(SIGINT, &action, nullptr);
+}
+#else
+void CloseOnSignals(QWidget*) {}
+#endif
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  FerrowApplication app(argc, argv);
   std::setlocale(LC_ALL, "");
+  std::setlocale(LC_NUMERIC, "C");
   ferrow::Env& env = *ferrow::Env::Default();
+  env.SetEventsHook([] { QApplication::processEvents(); });
+
+  ferrow::QtWindowServices services;
+  ferrow::RoutedUi ui(services);
   ferrow::Options options;
-  ConsoleUi ui;
   ferrow::Session session{env, options, ui};
   ferrow::StartupState state(env);
+  std::unique_ptr<ferrow::Form1> form;
   const std::vector<std::string> args(argv + 1, argv + argc);
 
-  bool go_on = ferrow::RunStartup(session, args, state, [&] {
-    std::cout << "Ferrow 1.46\n"
-              << "Configuration file: " << options.IniFileName << "\n"
-              << "Companion library:  v" << options.HelperLibraryVersion
-              << (options.HelperLibraryInUse ? " (in use)" : " (not in use)") << "\n";
-    if (!options.LastFileSelected.empty()) {
-      auto length = env.FileLength(options.LastFileSelected);
-      std::cout << "Following:          " << options.LastFileSelected << " ("
-                << (length ? ferrow::GroupDigits(*length) + " bytes" : std::string("not accessible"))
-                << ")\n";
-    }
+  const bool go_on = ferrow::RunStartup(session, args, state, [&] {
+    session.helper = &state.library;
+    form = std::make_unique<ferrow::Form1>(session, services);
+    ui.SetTarget(form.get());
+    options.FileName = options.LastFileSelected;
+    CloseOnSignals(form.get());
+    form->Form_Load();
   });
-  (void)go_on;  // /? ends the program as well, and not in error
-  return 0;
+  if (!go_on) return 0;  // /? showed the usage and ends the program
+  const int result = app.exec();
+  ui.SetTarget(nullptr);
+  return result;
 }

@@ -1,5 +1,8 @@
 #include "support/paths.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "platform/env.h"
 
 namespace ferrow {
@@ -80,6 +83,13 @@ int FindLast(std::string_view text, std::string_view ch) {
   if (ch.empty()) return 0;
   size_t pos = text.rfind(ch[0]);
   return pos == std::string_view::npos ? 0 : static_cast<int>(pos + 1);
+}
+
+std::string FullPath(const std::string& path) {
+  if (path.empty()) return path;
+  std::error_code ec;
+  std::filesystem::path full = std::filesystem::absolute(path, ec);
+  return ec ? path : full.lexically_normal().string();
 }
 
 std::string JoinPath(std::string folder, std::string_view name) {

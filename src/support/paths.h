@@ -37,6 +37,9 @@ std::string EnsureTrailingSlash(std::string& path);
 // first character of `ch` is looked at).
 int FindLast(std::string_view text, std::string_view ch);
 
+// The absolute form of `path`, from the current folder when it is relative.
+std::string FullPath(const std::string& path);
+
 // `folder` and `name` joined with the native separator.
 std::string JoinPath(std::string folder, std::string_view name);
 

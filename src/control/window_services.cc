@@ -1,0 +1,78 @@
+#include "control/window_services.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "about/product.h"
+#include "display/qt_convert.h"
+#include "support/tokenize.h"
+
+namespace ferrow {
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+  }
+}
+
+QString Title(const std::string& title) { return ToQt(title.empty() ? std::string(kProductName) : title); }
+
+}  // namespace
+
+void QtWindowServices::Message(const std::string& text, const std::string& title, MessageIcon icon) {
+  QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Ok);
+  box.exec();
+}
+
+bool QtWindowServices::AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) {
+  QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Yes | QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+std::string QtWindowServices::OpenFileName(const std::string& title, const std::string& filter,
+                                           const std::string& start_folder) {
+  return FromQt(QFileDialog::getOpenFileName(nullptr, ToQt(title), ToQt(start_folder),
+                                             ToQt(QtFileFilter(filter))));
+}
+
+std::string QtFileFilter(const std::string& filter) {
+  std::vector<std::string> parts;
+  std::string out;
+  // Split on "|" keeping empty parts out: name and pattern alternate.
+  Tokenize(filter, "|", parts, 1000);
+  for (size_t i = 0; i + 1 < parts.size(); i += 2) {
+    std::string pattern = parts[i + 1] == "*.*" ? "*" : parts[i + 1];
+    for (char& c : pattern)
+      if (c == ';') c = ' ';
+    if (!out.empty()) out += ";;";
+    out += parts[i] + " (" + pattern + ")";
+  }
+  return out;
+}
+
+void RoutedUi::SetMenuCaption(const std::string& c) {
+  if (target_) target_->SetMenuCaption(c);
+  else caption_ = c;
+}
+
+std::string RoutedUi::MenuCaption() { return target_ ? target_->MenuCaption() : caption_; }
+
+void RoutedUi::RefreshMenu() {
+  if (target_) target_->RefreshMenu();
+}
+
+void RoutedUi::ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) {
+  if (target_) target_->ShowMessage(text, title, icon);
+  else services_.Message(text, title, icon);
+}
+
+bool RoutedUi::AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) {
+  return target_ ? target_->AskYesNo(text, title, icon) : services_.AskYesNo(text, title, icon);
+}
+
+}  // namespace ferrow

@@ -1,0 +1,53 @@
+// The modal parts of the windows (message boxes, the open-file dialog),
+// behind an interface so that tests answer them instead of a person.
+#pragma once
+
+#include <string>
+
+#include "support/ui.h"
+
+namespace ferrow {
+
+class WindowServices {
+ public:
+  virtual ~WindowServices() = default;
+  virtual void Message(const std::string& text, const std::string& title, MessageIcon icon) = 0;
+  virtual bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) = 0;
+  // A file chosen in the open-file dialog, or "" when cancelled. `filter` is
+  // in the "Name|*.ext|Name|*.ext|" form.
+  virtual std::string OpenFileName(const std::string& title, const std::string& filter,
+                                   const std::string& start_folder) = 0;
+};
+
+// The real ones: QMessageBox and QFileDialog.
+class QtWindowServices : public WindowServices {
+ public:
+  void Message(const std::string& text, const std::string& title, MessageIcon icon) override;
+  bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
+  std::string OpenFileName(const std::string& title, const std::string& filter,
+                           const std::string& start_folder) override;
+};
+
+// "Log Files|*.log|All Files (*.*)|*.*|" as Qt writes it:
+// "Log Files (*.log);;All Files (*.*) (*)".
+std::string QtFileFilter(const std::string& filter);
+
+// A Ui whose captions go nowhere and whose messages go to `services`; the
+// control window takes over once it exists.
+class RoutedUi : public Ui {
+ public:
+  explicit RoutedUi(WindowServices& services) : services_(services) {}
+  void SetTarget(Ui* target) { target_ = target; }
+  void SetMenuCaption(const std::string& c) override;
+  std::string MenuCaption() override;
+  void RefreshMenu() override;
+  void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
+  bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
+
+ private:
+  WindowServices& services_;
+  Ui* target_ = nullptr;
+  std::string caption_;
+};
+
+}  // namespace ferrow
