@@ -283,8 +283,9 @@ void Form1::DisableAllButtons() {
 }
 
 void Form1::EnableAllButtons() {
-  for (QToolButton* b : {cmdOK, cmdBrowse, cmdOptions, cmdFilter, cmdPause, cmdAbout, cmdClose})
+  for (QToolButton* b : {cmdBrowse, cmdOptions, cmdFilter, cmdPause, cmdAbout, cmdClose})
     b->setEnabled(true);
+  cmdOK->setEnabled(!cmbFileName->currentText().isEmpty());  // nothing to open without a name
   cmbFileName->setEnabled(true);
   cmdLink->setEnabled(session_.options.HelperLibraryInUse);
 }

@@ -17,6 +17,9 @@ namespace ferrow {
 namespace {
 
 QPointer<frmInputBox> loaded;
+// The last answer given, for a wait whose box is already gone (one call
+// waiting inside another shares the box, and the inner one unloads it).
+std::string last_answer;
 
 }  // namespace
 
@@ -50,13 +53,14 @@ void frmInputBox::Form_Load() {
 }
 
 void frmInputBox::cmdOK_Click() {
-  InputResult = FromQt(txtInput->text());
+  InputResult = last_answer = FromQt(txtInput->text());
   InputDone = true;
   close();
 }
 
 void frmInputBox::cmdCancel_Click() {
   InputResult.clear();
+  last_answer.clear();
   InputDone = true;
   close();
 }
@@ -81,6 +85,7 @@ bool frmInputBox::eventFilter(QObject* watched, QEvent* event) {
 void frmInputBox::closeEvent(QCloseEvent* event) {
   if (!InputDone) {
     InputResult.clear();
+    last_answer.clear();
     InputDone = true;
   }
   QWidget::closeEvent(event);
@@ -109,7 +114,7 @@ std::string InputMsg(Env& env, const std::string& prompt, const std::string& tit
     env.SleepMs(100);
     QApplication::processEvents();
   }
-  const std::string answer = box ? box->InputResult : std::string();
+  const std::string answer = box ? box->InputResult : last_answer;
   // Unloaded before the answer goes back; a later call makes a new box.
   if (loaded == box) loaded.clear();
   if (box) box->deleteLater();
