@@ -33,7 +33,9 @@ int WaitExit(pid_t pid) {
   return WEXITSTATUS(status);
 }
 
-bool Parseable(const std::string& text, std::string* why) {
+bool Parseable(const std::string& whole, std::string* why) {
+  // NUL padding that the start-up trim leaves behind is no part of the text.
+  const std::string text = whole.substr(0, whole.find_last_not_of('\0') + 1);
   size_t pos = 0;
   while (pos < text.size()) {
     size_t end = text.find("\r\n", pos);
@@ -44,7 +46,8 @@ bool Parseable(const std::string& text, std::string* why) {
     std::string line = text.substr(pos, end - pos);
     bool header = line.size() > 2 && line.front() == '[' && line.back() == ']';
     bool entry = line.find('=') != std::string::npos && line.front() != '[';
-    if (!header && !entry) {
+    bool comment_or_blank = line.empty() || line.front() == ';';
+    if (!header && !entry && !comment_or_blank) {
       *why = "bad line: " + line;
       return false;
     }

@@ -18,8 +18,9 @@ pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path
 // Waits for the process; its exit code, or -1 when it did not exit normally.
 int WaitExit(pid_t pid);
 
-// True when `text` is whole CR LF lines, each a section header or a
-// key=value line; otherwise `why` says what is wrong.
+// True when `text` is whole CR LF lines, each a section header, a key=value
+// line, a comment or blank (NUL padding at the end aside); otherwise `why`
+// says what is wrong.
 bool Parseable(const std::string& text, std::string* why);
 
 // The lines of `text` that begin with `prefix`, without the prefix.
