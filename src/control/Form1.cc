@@ -15,6 +15,7 @@
 #include <QToolButton>
 
 #include "about/desktop_link.h"
+#include "about/frmAbout.h"
 #include "about/tips.h"
 #include "about/usage.h"
 #include "config/history.h"
@@ -27,6 +28,7 @@
 #include "control/window_services.h"
 #include "diag/debug_log.h"
 #include "dialogs/frmInputBox.h"
+#include "dialogs/frmSettings.h"
 #include "display/filters.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
@@ -61,6 +63,8 @@ Form1::Form1(Session& session, WindowServices& services, QWidget* parent)
       sound_(new SoundPlayer(this)) {
   BuildControls();
   Connect();
+  open_settings = [this] { (new frmSettings(session_, *this, services_))->Form_Load(); };
+  open_about = [this] { (new frmAbout(session_, *this))->Form_Load(); };
 }
 
 Form1::~Form1() { UnloadTextWindow(); }
@@ -287,7 +291,7 @@ void Form1::EnableAllButtons() {
     b->setEnabled(true);
   cmdOK->setEnabled(!cmbFileName->currentText().isEmpty());  // nothing to open without a name
   cmbFileName->setEnabled(true);
-  cmdLink->setEnabled(session_.options.HelperLibraryInUse);
+  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
 }
 
 // ENTER or line feed on a check box or on the About, Filter, Options and

@@ -21,7 +21,7 @@ void Form1::cmbFileName_Change() {
   if (cmbFileName->currentText().isEmpty()) return;  // an emptied box leaves Open as it was
   cmdOK->setEnabled(true);
   ClearCheckBoxes();
-  cmdLink->setEnabled(session_.options.HelperLibraryInUse);
+  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
 }
 
 void Form1::cmbFileName_Click() {
@@ -32,7 +32,7 @@ void Form1::cmbFileName_Click() {
   } else {
     cmdOK->setEnabled(false);
   }
-  cmdLink->setEnabled(session_.options.HelperLibraryInUse);
+  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
 }
 
 // SHIFT+DEL removes the shown history entry, here and in the stored history.
