@@ -84,6 +84,7 @@ TEST_F(ChangeDetection, PartialLineIsShownAtOnceAndItsRestLater) {
   EXPECT_EQ(Shown(), "partial\n and the rest\n");
 }
 
+#ifndef _WIN32
 TEST_F(ChangeDetection, CharacterSplitBetweenTwoPollsIsShownWhole) {
   StartAt("");
   Write({"append", log, "caf\xC3"});
@@ -101,6 +102,14 @@ TEST_F(ChangeDetection, BytesThatAreNotUtf8ShowAsReplacementMarks) {
   Tick();
   EXPECT_EQ(Shown(), "bad \xEF\xBF\xBD\xEF\xBF\xBD bytes\n");
 }
+#else
+TEST_F(ChangeDetection, AnsiTextIsShownInTheAnsiCodePage) {
+  StartAt("");
+  Write({"append", log, "caf\xE9\n"});
+  Tick();
+  EXPECT_EQ(Shown(), "caf\xC3\xA9\n");
+}
+#endif
 
 TEST_F(ChangeDetection, MissingSoundFileSaysSoOnceThenStaysSilent) {
   StartAt("a\n");
