@@ -88,10 +88,7 @@ void frmAbout::Form_Load() {
       o.HelperLibraryInUse && session_.helper ? session_.helper->GetDLLFileName().value_or("") : "";
   lblInformation->setText(ToQt(AboutInformation(o, session_.env.ProgramPath(), since, library)));
   adjustSize();
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
-  }
+  CentreWindow(*this);
   show();
   Command1->setFocus();
 }

@@ -1,5 +1,6 @@
 #include "about/helper_library.h"
 
+#include <type_traits>
 #include <vector>
 
 #include "ferrow_helper.h"
@@ -48,20 +49,22 @@ std::optional<int16_t> HelperLibrary::DLLVersion() const {
   return fn();
 }
 
-std::optional<std::string> HelperLibrary::RTFFilter(const std::string& line) const {
-  auto fn = Function<decltype(&::RTFFilter)>("RTFFilter");
+// The line goes in a buffer of its own: the library may rewrite it.
+std::optional<std::string> HelperLibrary::Filter(const char* function, const std::string& line) const {
+  static_assert(std::is_same_v<decltype(&::RTFFilter), decltype(&::RTFFilterNoSlash)>);
+  auto fn = Function<decltype(&::RTFFilter)>(function);
   if (!fn) return std::nullopt;
   std::vector<char> buffer(line.begin(), line.end());
   buffer.push_back('\0');
   return Take(fn(buffer.data()));
 }
 
+std::optional<std::string> HelperLibrary::RTFFilter(const std::string& line) const {
+  return Filter("RTFFilter", line);
+}
+
 std::optional<std::string> HelperLibrary::RTFFilterNoSlash(const std::string& line) const {
-  auto fn = Function<decltype(&::RTFFilterNoSlash)>("RTFFilterNoSlash");
-  if (!fn) return std::nullopt;
-  std::vector<char> buffer(line.begin(), line.end());
-  buffer.push_back('\0');
-  return Take(fn(buffer.data()));
+  return Filter("RTFFilterNoSlash", line);
 }
 
 std::optional<std::string> HelperLibrary::GetLinkTarget(const std::string& link_path) const {

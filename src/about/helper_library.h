@@ -41,6 +41,7 @@ class HelperLibrary {
   template <typename Fn>
   Fn Function(const char* name) const;
   std::optional<std::string> Take(char* text) const;
+  std::optional<std::string> Filter(const char* function, const std::string& line) const;
 
   Env* env_;
   void* handle_;

@@ -180,10 +180,7 @@ void Form1::Form_Load() {
   ClearCheckBoxes();
   if (!o.FileSection.empty()) LoadFileSettings(session_, o.IniFileName, o.FileSection);
   adjustSize();
-  if (o.MenuX == 0 && o.MenuY == 0 && screen()) {
-    const QRect area = screen()->availableGeometry();
-    move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
-  }
+  if (o.MenuX == 0 && o.MenuY == 0) CentreWindow(*this);
   if (!o.FileName.empty() && o.HideMenuOnStartup) showMinimized();
   else showNormal();
   if (o.WaitOnStart) {

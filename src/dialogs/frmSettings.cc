@@ -133,10 +133,7 @@ void frmSettings::Form_Load() {
                                                        o.Themes.ThemeFontSize[static_cast<size_t>(i)], false));
   setWindowTitle(ToQt(std::string(kProductName) + " Settings"));
   adjustSize();
-  if (QScreen* s = screen()) {
-    const QRect area = s->availableGeometry();
-    move(area.x() + (area.width() - width()) / 2, area.y() + (area.height() - height()) / 2);
-  }
+  CentreWindow(*this);
   show();
 }
 

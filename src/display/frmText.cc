@@ -70,12 +70,9 @@ void frmText::PlaceWindow() {
   int width = TwipsToPixels(o.FormWidth > kMinWidth ? o.FormWidth : kDefaultWidth, this);
   int height = TwipsToPixels(o.FormHeight > kMinHeight ? o.FormHeight : kDefaultHeight, this);
   resize(width, height);
-  QRect screen = this->screen() ? this->screen()->availableGeometry() : QRect(0, 0, 1024, 768);
-  int left = screen.x() + (screen.width() - width) / 2;
-  int top = screen.y() + (screen.height() - height) / 2;
-  if (o.FormX > 0) left = TwipsToPixels(o.FormX, this);
-  if (o.FormY > 0) top = TwipsToPixels(o.FormY, this);
-  move(left, top);
+  CentreWindow(*this);
+  if (o.FormX > 0) move(TwipsToPixels(o.FormX, this), y());
+  if (o.FormY > 0) move(x(), TwipsToPixels(o.FormY, this));
 }
 
 void frmText::resizeEvent(QResizeEvent* event) {

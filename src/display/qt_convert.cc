@@ -56,6 +56,14 @@ QFont MakeFont(const std::string& name, int points, bool bold) {
   return font;
 }
 
+void CentreWindow(QWidget& window) {
+  const QScreen* screen = window.screen() ? window.screen() : QGuiApplication::primaryScreen();
+  if (!screen) return;
+  const QRect area = screen->availableGeometry();
+  window.move(area.x() + (area.width() - window.width()) / 2,
+              area.y() + (area.height() - window.height()) / 2);
+}
+
 int TwipsToPixels(int64_t twips, const QWidget* widget) {
   return static_cast<int>(twips * LogicalDpi(widget) / 1440.0 + 0.5);
 }

@@ -3,36 +3,28 @@
 #include <ctime>
 #include <string>
 
+#include "support/dates.h"
 #include "support/strings.h"
 
 namespace ferrow {
-namespace {
 
-std::string Format(const char* format, const std::tm& when) {
-  char buffer[256];
-  size_t n = std::strftime(buffer, sizeof buffer, format, &when);
-  return std::string(buffer, n);
-}
-
-}  // namespace
-
-std::string PosixShortDate(const std::tm& when) { return Format("%x", when); }
+std::string PosixShortDate(const std::tm& when) { return FormatTime("%x", when); }
 
 std::string PosixLongDate(const std::tm& when) {
-  std::string text = Format("%A %e %B %Y", when);
+  std::string text = FormatTime("%A %e %B %Y", when);
   size_t doubled;
   while ((doubled = text.find("  ")) != std::string::npos) text.erase(doubled, 1);
   return text;
 }
 
-std::string PosixLongTime(const std::tm& when) { return Trim(Format("%X", when)); }
+std::string PosixLongTime(const std::tm& when) { return Trim(FormatTime("%X", when)); }
 
 std::string PosixDateSeparator() {
   std::tm sample{};
   sample.tm_year = 2001 - 1900;
   sample.tm_mon = 1;
   sample.tm_mday = 3;
-  for (char c : Format("%x", sample))
+  for (char c : FormatTime("%x", sample))
     if (c < '0' || c > '9') return std::string(1, c);
   return "/";
 }

@@ -1,15 +1,12 @@
 #include "support/dates.h"
 
 namespace ferrow {
-namespace {
 
-std::string Format(const char* format, const std::tm& when) {
+std::string FormatTime(const char* format, const std::tm& when) {
   char buffer[256];
   size_t n = std::strftime(buffer, sizeof buffer, format, &when);
   return std::string(buffer, n);
 }
-
-}  // namespace
 
 std::string OrdinalSuffix(int day) {
   if (day < 1) return "";
@@ -30,8 +27,8 @@ std::string OrdinalSuffix(int day) {
 }
 
 std::string LongDateText(const std::tm& when) {
-  return Format("%A ", when) + std::to_string(when.tm_mday) + OrdinalSuffix(when.tm_mday) +
-         Format(" %B %Y - %H:%M:%S", when);
+  return FormatTime("%A ", when) + std::to_string(when.tm_mday) + OrdinalSuffix(when.tm_mday) +
+         FormatTime(" %B %Y - %H:%M:%S", when);
 }
 
 std::string LongDateText() { return LongDateText(LocalTime(std::time(nullptr))); }

@@ -13,6 +13,9 @@ std::string OrdinalSuffix(int day);
 std::string LongDateText(const std::tm& when);
 std::string LongDateText();  // the present moment, local time
 
+// strftime into a string.
+std::string FormatTime(const char* format, const std::tm& when);
+
 // The local time of `t`, thread-safe on every system.
 std::tm LocalTime(std::time_t t);
 

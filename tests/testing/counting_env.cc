@@ -1,14 +1,8 @@
 #include "testing/counting_env.h"
 
+#include "support/dates.h"
+
 namespace ferrow::testing {
-namespace {
-
-std::string Format(const char* format, const std::tm& when) {
-  char buffer[128];
-  return std::string(buffer, std::strftime(buffer, sizeof buffer, format, &when));
-}
-
-}  // namespace
 
 std::time_t FixedNow() {
   std::tm t{};
@@ -23,12 +17,12 @@ std::time_t FixedNow() {
 }
 
 std::string CountingEnv::SystemShortDate(const std::tm& when) {
-  return Format("%d/%m/%Y", when);
+  return FormatTime("%d/%m/%Y", when);
 }
 std::string CountingEnv::SystemLongDate(const std::tm& when) {
-  return std::to_string(when.tm_mday) + Format(" %B %Y", when);
+  return std::to_string(when.tm_mday) + FormatTime(" %B %Y", when);
 }
-std::string CountingEnv::SystemLongTime(const std::tm& when) { return Format("%H:%M:%S", when); }
+std::string CountingEnv::SystemLongTime(const std::tm& when) { return FormatTime("%H:%M:%S", when); }
 
 bool ProfileWriteEnv::WriteProfileString(const char* section, const char* key, const char* value,
                                          const std::string& path) {
