@@ -67,7 +67,7 @@ Form1::Form1(Session& session, WindowServices& services, QWidget* parent)
   open_about = [this] { (new frmAbout(session_, *this))->Form_Load(); };
 }
 
-Form1::~Form1() { UnloadTextWindow(); }
+Form1::~Form1() { delete text_window_.data(); }
 
 void Form1::BuildControls() {
   QStyle* st = style();

@@ -40,18 +40,23 @@ void Form1::ShowNormalAndActivate() {
   activateWindow();
 }
 
+// A text window the user closed is gone; the next update loads a new one.
 frmText& Form1::LoadTextWindow() {
   if (!text_window_) {
     text_window_ = new frmText(session_, *this);
+    text_window_->setAttribute(Qt::WA_DeleteOnClose);
     text_window_->Form_Load();
   }
   return *text_window_;
 }
 
+// The text window may be the one asking (a file dropped on it opens that
+// file), so it goes once its own event handling is over.
 void Form1::UnloadTextWindow() {
   if (!text_window_) return;
-  text_window_->close();
-  delete text_window_.data();
+  frmText* leaving = text_window_;
+  text_window_ = nullptr;
+  leaving->close();  // and, closed, it deletes itself once its handling is over
 }
 
 TextBox& Form1::TextWindowBox() { return *LoadTextWindow().Rtf; }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QPointer>
 #include <QTimer>
 
 #include "config/ini_file.h"
@@ -185,6 +186,40 @@ TEST_F(Form1Test, StartupFileOpensAtLoadAndTheWindowMinimisesWhenAsked) {
   EXPECT_TRUE(form->FileOpened);
   EXPECT_TRUE(form->isMinimized());
   EXPECT_TRUE(form->cmdOK->isEnabled());
+}
+
+TEST_F(Form1Test, FileDroppedOnTheTextWindowIsOpenedInANewOne) {
+  const std::string first = MakeLog("first.log", "1\r\n"), second = MakeLog("second.log", "2\r\n");
+  form->Form_Load();
+  Type(first);
+  form->OK_Click();
+  QPointer<frmText> old_window = form->TextWindow();
+  ASSERT_TRUE(old_window);
+  old_window->Rtf_OLEDragDrop({QString::fromStdString(second)});
+  EXPECT_EQ(options.FileName, second);
+  EXPECT_NE(form->TextWindow(), old_window.data());
+  QApplication::processEvents();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(old_window);
+  EXPECT_TRUE(form->TextWindow()->isVisible());
+}
+
+TEST_F(Form1Test, ClosingTheTextWindowStopsFollowingAndTheNextUpdateBringsANewOne) {
+  const std::string log = MakeLog("web.log", "1\r\n");
+  form->Form_Load();
+  Type(log);
+  form->OK_Click();
+  QPointer<frmText> first = form->TextWindow();
+  first->close();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(first);
+  EXPECT_FALSE(form->Timer1->isActive());
+  form->cmdPause->click();  // resume
+  testing::WriteBytes(log, "1\r\n2\r\n");
+  form->follower().Timer1_Timer();
+  ASSERT_TRUE(form->TextWindow());
+  EXPECT_TRUE(form->TextWindow()->isVisible());
+  EXPECT_EQ(form->TextWindow()->Rtf->Text(), "2\n");
 }
 
 TEST_F(Form1Test, ClosingSavesSettingsCommonAndHistory) {
