@@ -58,18 +58,18 @@ std::string DesktopFolder() {
 
 bool MakeShortcut(const std::string& target, const std::string& link,
                   const std::string& description, int show_command) {
-  lnk::LinkSpec spec;
-  spec.target = target;
-  spec.description = description;
-  spec.show_command = show_command;
+  lnk::NewLink shortcut;
+  shortcut.target = target;
+  shortcut.description = description;
+  shortcut.show_command = show_command;
   size_t slash = target.find_last_of('/');
-  if (slash != std::string::npos) spec.working_folder = slash == 0 ? "/" : target.substr(0, slash);
+  if (slash != std::string::npos) shortcut.working_folder = slash == 0 ? "/" : target.substr(0, slash);
   struct stat info {};
   if (::stat(target.c_str(), &info) == 0) {
-    spec.target_size = static_cast<uint32_t>(info.st_size);
-    spec.target_is_folder = S_ISDIR(info.st_mode);
+    shortcut.target_size = static_cast<uint32_t>(info.st_size);
+    shortcut.target_is_folder = S_ISDIR(info.st_mode);
   }
-  std::string bytes = lnk::WriteLink(spec);
+  std::string bytes = lnk::WriteLink(shortcut);
   std::FILE* out = std::fopen(link.c_str(), "wb");
   if (!out) return false;
   bool ok = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();

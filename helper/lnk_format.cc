@@ -180,20 +180,20 @@ LinkTarget ReadLink(const std::string& data, const std::string& link_folder) {
   return result;
 }
 
-std::string WriteLink(const LinkSpec& spec) {
+std::string WriteLink(const NewLink& link) {
   uint32_t flags = kHasLinkInfo | kIsUnicode;
-  if (!spec.description.empty()) flags |= kHasName;
-  if (!spec.working_folder.empty()) flags |= kHasWorkingDir;
+  if (!link.description.empty()) flags |= kHasName;
+  if (!link.working_folder.empty()) flags |= kHasWorkingDir;
 
   std::string out;
   Put32(out, kHeaderSize);
   out.append(reinterpret_cast<const char*>(kLinkClsid), sizeof kLinkClsid);
   Put32(out, flags);
-  Put32(out, spec.target_is_folder ? kAttributeDirectory : kAttributeArchive);
+  Put32(out, link.target_is_folder ? kAttributeDirectory : kAttributeArchive);
   out.append(24, '\0');  // creation, access and write times: unknown
-  Put32(out, spec.target_size);
+  Put32(out, link.target_size);
   Put32(out, 0);  // icon index
-  Put32(out, static_cast<uint32_t>(spec.show_command));
+  Put32(out, static_cast<uint32_t>(link.show_command));
   out.append(2 + 2 + 4 + 4, '\0');  // hot key and reserved fields
 
   // LinkInfo: a fixed-drive volume without label, and the local path.
@@ -205,7 +205,7 @@ std::string WriteLink(const LinkSpec& spec) {
   volume += '\0';
   const uint32_t info_header = 0x1C;
   const uint32_t local = info_header + static_cast<uint32_t>(volume.size());
-  const uint32_t suffix = local + static_cast<uint32_t>(spec.target.size()) + 1;
+  const uint32_t suffix = local + static_cast<uint32_t>(link.target.size()) + 1;
   const uint32_t info_size = suffix + 1;
   Put32(out, info_size);
   Put32(out, info_header);
@@ -215,12 +215,12 @@ std::string WriteLink(const LinkSpec& spec) {
   Put32(out, 0);  // no network link
   Put32(out, suffix);
   out += volume;
-  out += spec.target;
+  out += link.target;
   out += '\0';
   out += '\0';  // empty common path suffix
 
-  if (flags & kHasName) PutStringData(out, spec.description);
-  if (flags & kHasWorkingDir) PutStringData(out, spec.working_folder);
+  if (flags & kHasName) PutStringData(out, link.description);
+  if (flags & kHasWorkingDir) PutStringData(out, link.working_folder);
   Put32(out, 0);  // terminal block: no extra data
   return out;
 }

@@ -19,7 +19,7 @@ struct LinkTarget {
 // relative path, the last resort when the link has no location information.
 LinkTarget ReadLink(const std::string& data, const std::string& link_folder);
 
-struct LinkSpec {
+struct NewLink {
   std::string target;          // full path
   std::string working_folder;  // "" for none
   std::string description;     // "" for none
@@ -28,9 +28,9 @@ struct LinkSpec {
   int32_t show_command = 1;
 };
 
-// The bytes of a shortcut to `spec.target`: header, location information with
+// The bytes of a shortcut to `link.target`: header, location information with
 // the local path, and the strings, as Windows lays them out.
-std::string WriteLink(const LinkSpec& spec);
+std::string WriteLink(const NewLink& link);
 
 // UTF-8 <-> UTF-16LE, for the format's Unicode strings.
 std::string Utf16ToUtf8(const std::u16string& text);

@@ -32,7 +32,7 @@
 #include "display/filters.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
-#include "engine/sound_player.h"
+#include "control/sound_player.h"
 #include "startup/session.h"
 #include "support/paths.h"
 

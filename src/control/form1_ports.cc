@@ -13,7 +13,7 @@
 #include "control/window_services.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
-#include "engine/sound_player.h"
+#include "control/sound_player.h"
 #include "startup/session.h"
 
 namespace ferrow {

@@ -9,32 +9,32 @@
 namespace ferrow::lnk {
 namespace {
 
-LinkSpec Spec(const std::string& target) {
-  LinkSpec spec;
-  spec.target = target;
-  spec.working_folder = "/var/log";
-  spec.target_size = 1234;
-  return spec;
+NewLink LinkTo(const std::string& target) {
+  NewLink link;
+  link.target = target;
+  link.working_folder = "/var/log";
+  link.target_size = 1234;
+  return link;
 }
 
 TEST(LnkFormat, WrittenLinkReadsBackItsTarget) {
-  LinkTarget read = ReadLink(WriteLink(Spec("/var/log/app.log")), "");
+  LinkTarget read = ReadLink(WriteLink(LinkTo("/var/log/app.log")), "");
   EXPECT_EQ(read.path, "/var/log/app.log");
   EXPECT_EQ(read.working_folder, "/var/log");
 }
 
 TEST(LnkFormat, WindowsPathsAndNonAsciiNamesSurvive) {
-  EXPECT_EQ(ReadLink(WriteLink(Spec("C:\\logs\\app.log")), "").path, "C:\\logs\\app.log");
-  LinkSpec spec = Spec("/home/zoë/журнал.log");
-  spec.description = "café";
-  spec.working_folder = "/home/zoë";
-  LinkTarget read = ReadLink(WriteLink(spec), "");
+  EXPECT_EQ(ReadLink(WriteLink(LinkTo("C:\\logs\\app.log")), "").path, "C:\\logs\\app.log");
+  NewLink link = LinkTo("/home/zoë/журнал.log");
+  link.description = "café";
+  link.working_folder = "/home/zoë";
+  LinkTarget read = ReadLink(WriteLink(link), "");
   EXPECT_EQ(read.path, "/home/zoë/журнал.log");
   EXPECT_EQ(read.working_folder, "/home/zoë");
 }
 
 TEST(LnkFormat, HeaderIsTheShellLinkHeader) {
-  std::string bytes = WriteLink(Spec("/x"));
+  std::string bytes = WriteLink(LinkTo("/x"));
   ASSERT_GE(bytes.size(), 0x4Cu);
   EXPECT_EQ(bytes.substr(0, 4), std::string("\x4C\0\0\0", 4));
   EXPECT_EQ(bytes.substr(4, 16),
@@ -49,13 +49,13 @@ TEST(LnkFormat, LinkMadeUnderWindowsIsRead) {
 }
 
 TEST(LnkFormat, TruncatedLinksGiveNoTarget) {
-  const std::string whole = WriteLink(Spec("/var/log/app.log"));
+  const std::string whole = WriteLink(LinkTo("/var/log/app.log"));
   for (size_t n = 0; n < whole.size(); ++n)
     EXPECT_EQ(ReadLink(whole.substr(0, n), "").path, "") << "cut at " << n;
 }
 
 TEST(LnkFormat, OversizedLengthsGiveNoTarget) {
-  std::string bytes = WriteLink(Spec("/var/log/app.log"));
+  std::string bytes = WriteLink(LinkTo("/var/log/app.log"));
   std::string huge = bytes;
   huge[0x4C] = huge[0x4D] = huge[0x4E] = huge[0x4F] = '\xFF';  // LinkInfoSize
   EXPECT_EQ(ReadLink(huge, "").path, "");
@@ -69,7 +69,7 @@ TEST(LnkFormat, OversizedLengthsGiveNoTarget) {
 
 TEST(LnkFormat, RandomAndMutatedInputNeverCrashes) {
   std::mt19937 random(7);
-  const std::string valid = WriteLink(Spec("/var/log/app.log"));
+  const std::string valid = WriteLink(LinkTo("/var/log/app.log"));
   for (int i = 0; i < 20000; ++i) {
     std::string data;
     if (i % 2) {
@@ -101,7 +101,7 @@ TEST(LnkFormat, LnkinfoReadsOurLinksAndFindsTheTarget) {
   if (std::system("command -v lnkinfo >/dev/null 2>&1") != 0) GTEST_SKIP() << "lnkinfo missing";
   testing::TempDir dir;
   const std::string link = dir.File("app.log.lnk"), report = dir.File("report.txt");
-  testing::WriteBytes(link, WriteLink(Spec("/var/log/web server.log")));
+  testing::WriteBytes(link, WriteLink(LinkTo("/var/log/web server.log")));
   ASSERT_EQ(std::system(("lnkinfo '" + link + "' > '" + report + "' 2>&1").c_str()), 0)
       << testing::ReadBytes(report);
   std::string text = testing::ReadBytes(report);

@@ -1,4 +1,4 @@
-#include "engine/sound_player.h"
+#include "control/sound_player.h"
 
 #include <gtest/gtest.h>
 
