@@ -2,6 +2,7 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -33,6 +34,13 @@ double LogicalDpi(const QWidget* widget) {
 
 }  // namespace
 
+// Measured, not asked: some monospaced fonts do not say they are.
+bool MeasuresFixedPitch(const QFont& font) {
+  const QFontMetrics metrics(font);
+  return metrics.horizontalAdvance(QLatin1Char('i')) == metrics.horizontalAdvance(QLatin1Char('W')) &&
+         metrics.horizontalAdvance(QLatin1Char('.')) == metrics.horizontalAdvance(QLatin1Char('M'));
+}
+
 QColor ToQColor(Colour colour) {
   const unsigned c = static_cast<unsigned>(colour);
   return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
@@ -47,13 +55,16 @@ QFont MakeFont(const std::string& name, int points, bool bold) {
   font.setStyleHint(HintFor(name));
   font.setPointSize(points > 0 ? points : 10);
   font.setBold(bold);
-  if (IsFixedPitchName(name) && !QFontInfo(font).fixedPitch()) {
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (!IsFixedPitchName(name) || MeasuresFixedPitch(font)) return font;
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  for (const char* family : {"", "DejaVu Sans Mono", "Liberation Mono", "Noto Mono", "Courier New",
+                             "monospace"}) {
+    if (*family) fixed.setFamily(family);
     fixed.setPointSize(font.pointSize());
     fixed.setBold(bold);
-    return fixed;
+    if (MeasuresFixedPitch(fixed)) return fixed;
   }
-  return font;
+  return fixed;
 }
 
 void CentreWindow(QWidget& window) {

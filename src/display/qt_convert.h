@@ -27,6 +27,9 @@ QFont MakeFont(const std::string& name, int points, bool bold);
 // Moves `window` to the middle of its screen's free area.
 void CentreWindow(QWidget& window);
 
+// True when every character of `font` takes the same width.
+bool MeasuresFixedPitch(const QFont& font);
+
 // Twips are 1440 to the logical inch of the screen `widget` is on.
 int TwipsToPixels(int64_t twips, const QWidget* widget);
 int32_t PixelsToTwips(int pixels, const QWidget* widget);

@@ -58,9 +58,15 @@ int64_t RichTextBox::TextLength() { return document()->characterCount() - 1; }
 
 std::string RichTextBox::Text() { return FromQt(toPlainText()); }
 
+// The new text takes the insertion colour, so that it shows on any background.
 void RichTextBox::SetText(const std::string& text) {
-  setPlainText(NormaliseBreaks(text));
-  if (batch_) batch_cursor_ = textCursor();
+  QTextCursor c(document());
+  if (!batch_) c.beginEditBlock();
+  c.select(QTextCursor::Document);
+  c.removeSelectedText();
+  c.insertText(NormaliseBreaks(text), insert_format_);
+  if (!batch_) c.endEditBlock();
+  Store(c);
 }
 
 int64_t RichTextBox::SelStart() { return Current().selectionStart(); }

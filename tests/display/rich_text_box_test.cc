@@ -69,6 +69,15 @@ TEST_F(RichTextBoxTest, MaxLengthCutsAnInsertionShort) {
   EXPECT_EQ(box.Text(), "123456789");
 }
 
+TEST_F(RichTextBoxTest, SetTextUsesTheInsertionColourAndReplacesEverything) {
+  box.SetSelColor(0x00FF00);
+  box.SetSelText("old");
+  box.SetSelColor(0xBEBEBE);
+  box.SetText("Loading file x\r\nnext");
+  EXPECT_EQ(box.Text(), "Loading file x\nnext");
+  EXPECT_EQ(ColourAt(box, 0), 0xBEBEBE);
+}
+
 TEST_F(RichTextBoxTest, LineCountCountsTheEmptyLastLine) {
   box.SetText("a\nb\n");
   EXPECT_EQ(box.LineCount(), 3);
@@ -148,7 +157,7 @@ TEST_F(RichTextBoxTest, EveryChangeMovesTheCaretToTheEnd) {
 TEST(Fonts, MissingFixedPitchFontsFallBackToFixedPitch) {
   for (const char* name : {"Terminal", "System"}) {
     QFont font = MakeFont(name, 10, true);
-    EXPECT_TRUE(QFontInfo(font).fixedPitch()) << name << " -> " << QFontInfo(font).family().toStdString();
+    EXPECT_TRUE(MeasuresFixedPitch(font)) << name << " -> " << QFontInfo(font).family().toStdString();
     EXPECT_TRUE(font.bold());
   }
   EXPECT_EQ(MakeFont("Arial", 12, false).pointSize(), 12);
