@@ -222,6 +222,40 @@ TEST_F(Form1Test, ClosingTheTextWindowStopsFollowingAndTheNextUpdateBringsANewOn
   EXPECT_EQ(form->TextWindow()->Rtf->Text(), "2\n");
 }
 
+TEST_F(Form1Test, StartDelayWaitsTheGivenSecondsWithEventsRunning) {
+  options.WaitOnStart = true;
+  options.WaitSeconds = 2;
+  std::vector<std::string> seen;
+  env.on_sleep = [&] { seen.push_back(Caption()); };
+  form->Form_Load();
+  EXPECT_EQ(env.sleeps, 20);
+  EXPECT_EQ(env.slept_ms, 2000);
+  ASSERT_FALSE(seen.empty());
+  EXPECT_EQ(seen.front(), "Ferrow Waiting 2 seconds to start ...");
+}
+
+TEST_F(Form1Test, OpeningWithOverridesTakesTheGivenIntervalAndSound) {
+  const std::string log = MakeLog("web.log", "x\r\n");
+  form->Form_Load();
+  Type(log);
+  form->OK_Click(false, 2000, true);
+  EXPECT_EQ(options.TimerInterval, 2000);
+  EXPECT_EQ(form->Timer1->interval(), 2000);
+  EXPECT_TRUE(options.PlaySoundOnUpdate);
+  EXPECT_EQ(form->chkPlaySound->Value(), 1);
+}
+
+TEST_F(Form1Test, ClosingWithDebugOnLogsTheUnload) {
+  const std::string log = MakeLog("web.log", "x\r\n");
+  options.Debug = options.LoggingEnabled = true;
+  form->Form_Load();
+  Type(log);
+  form->OK_Click();
+  form->close();
+  EXPECT_NE(testing::ReadBytes(options.LogFileName).find(",\"** Unloading Main Form [web.log] **\"\r\n"),
+            std::string::npos);
+}
+
 TEST_F(Form1Test, ClosingSavesSettingsCommonAndHistory) {
   const std::string log = MakeLog("web.log", "x\r\n");
   form->Form_Load();
