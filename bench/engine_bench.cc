@@ -11,7 +11,7 @@
 #include <fstream>
 #include <random>
 
-#include "display/control_port.h"
+#include "bench_support.h"
 #include "display/filters.h"
 #include "display/frmText.h"
 #include "engine/file_reader.h"
@@ -24,14 +24,7 @@ namespace {
 using namespace ferrow;
 namespace fs = std::filesystem;
 
-class NoControl : public ControlWindowPort {
- public:
-  void SetFileNameBox(const std::string&) override {}
-  void OK_Click(bool, int16_t, bool) override {}
-  void StopTimer() override {}
-  void ShowNormalAndActivate() override {}
-  bool ProgramClosing() override { return true; }
-};
+using bench::NoControl;
 
 class BenchWindows : public FollowWindows {
  public:
@@ -184,10 +177,4 @@ BENCHMARK(BM_IdleFollowingForSixtySeconds)->Iterations(1)->Unit(benchmark::kSeco
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return ferrow::bench::RunBenchmarksWithQt(argc, argv); }

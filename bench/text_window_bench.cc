@@ -9,7 +9,7 @@
 #include <string>
 
 #include "display/append_block.h"
-#include "display/control_port.h"
+#include "bench_support.h"
 #include "display/filters.h"
 #include "display/frmText.h"
 #include "display/rtf_compose.h"
@@ -20,14 +20,7 @@ namespace {
 
 using namespace ferrow;
 
-class NoControl : public ControlWindowPort {
- public:
-  void SetFileNameBox(const std::string&) override {}
-  void OK_Click(bool, int16_t, bool) override {}
-  void StopTimer() override {}
-  void ShowNormalAndActivate() override {}
-  bool ProgramClosing() override { return true; }
-};
+using bench::NoControl;
 
 // ~100-byte log lines, one in ten with the filter word.
 std::string Lines(int count, int seed, std::vector<std::string>* out = nullptr) {
@@ -137,10 +130,4 @@ BENCHMARK(BM_MemoryWithOneMegabyteShownAndStreaming)->Iterations(1)->Unit(benchm
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return ferrow::bench::RunBenchmarksWithQt(argc, argv); }

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
 #include "platform/env.h"
 
@@ -67,18 +68,10 @@ void frmInputBox::cmdCancel_Click() {
 
 // Enter and line feed confirm, Escape cancels; other keys edit the text.
 bool frmInputBox::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == txtInput && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      cmdOK_Click();
-      return true;
-    }
-    if (key == Qt::Key_Escape) {
-      cmdCancel_Click();
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
+  const DialogKey key = watched == txtInput ? DialogKeyOf(event) : DialogKey::kNone;
+  if (key == DialogKey::kConfirm) cmdOK_Click();
+  if (key == DialogKey::kCancel) cmdCancel_Click();
+  return key != DialogKey::kNone || QWidget::eventFilter(watched, event);
 }
 
 // The close box answers as Cancel does.

@@ -20,6 +20,7 @@
 #include "config/settings.h"
 #include "control/Form1.h"
 #include "control/window_services.h"
+#include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
 #include "display/themes.h"
 #include "startup/session.h"
@@ -194,18 +195,10 @@ void frmSettings::cmdRevertWav_Click() {
 
 // Enter applies and Escape closes, whichever control has the focus.
 bool frmSettings::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-      cmdOK_Click();
-      return true;
-    }
-    if (key == Qt::Key_Escape) {
-      cmdCancel_Click();
-      return true;
-    }
-  }
-  return QWidget::eventFilter(watched, event);
+  const DialogKey key = DialogKeyOf(event);
+  if (key == DialogKey::kConfirm) cmdOK_Click();
+  if (key == DialogKey::kCancel) cmdCancel_Click();
+  return key != DialogKey::kNone || QWidget::eventFilter(watched, event);
 }
 
 void frmSettings::closeEvent(QCloseEvent* event) {
