@@ -13,6 +13,7 @@
 #include "about/about_text.h"
 #include "about/product.h"
 #include "control/Form1.h"
+#include "control/event_passes.h"
 #include "display/qt_convert.h"
 #include "startup/session.h"
 #include "support/dates.h"
@@ -54,7 +55,6 @@ frmAbout::frmAbout(Session& session, Form1& menu, QWidget* parent)
       open_url([](const QString& address) { QDesktopServices::openUrl(QUrl(address)); }),
       session_(session),
       menu_(menu) {
-  setAttribute(Qt::WA_DeleteOnClose);
   QFont title = lblTitle->font();
   title.setBold(true);
   title.setPointSizeF(title.pointSizeF() * 1.3);
@@ -115,10 +115,14 @@ bool frmAbout::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmAbout::closeEvent(QCloseEvent* event) {
-  menu_.EnableCheckBoxes();
-  menu_.EnableAllButtons();
-  menu_.ShowNormalAndActivate();
+  WindowGate& gate = session_.gate;
+  if (!gate.Closing() && !gate.Busy()) {  // a running open re-enables them itself at its end
+    menu_.EnableCheckBoxes();
+    menu_.EnableAllButtons();
+    menu_.ShowNormalAndActivate();
+  }
   QWidget::closeEvent(event);
+  DeleteWindowLater(gate, this);
 }
 
 }  // namespace ferrow

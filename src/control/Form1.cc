@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +26,7 @@
 #include "config/write_lock.h"
 #include "control/control_texts.h"
 #include "control/drawn_icons.h"
+#include "control/menu_position.h"
 #include "control/window_services.h"
 #include "diag/debug_log.h"
 #include "dialogs/frmInputBox.h"
@@ -84,9 +86,13 @@ void Form1::BuildControls() {
   cmbFileName->setEditable(true);
   cmbFileName->setInsertPolicy(QComboBox::NoInsert);
   cmbFileName->setMinimumContentsLength(40);
+  // No completion: what opens is exactly what the user typed, and only a
+  // pick from the list counts as picking.
+  cmbFileName->setCompleter(nullptr);
   cmbFileName->setToolTip(tr("Type or pick the file to follow, or drop one here (SHIFT+DEL removes it from the list)"));
   cmbFileName->installEventFilter(this);
   cmbFileName->lineEdit()->installEventFilter(this);
+  cmbFileName->view()->installEventFilter(this);
   txtFileName = new QLineEdit(this);
   txtFileName->hide();  // a second entry field, kept for what it does to the Open button
 
@@ -146,10 +152,11 @@ void Form1::Connect() {
   connect(cmdAbout, &QToolButton::clicked, this, &Form1::cmdAbout_Click);
   connect(cmdClose, &QToolButton::clicked, this, &Form1::cmdClose_Click);
   connect(cmdLink, &QToolButton::clicked, this, &Form1::cmdLink_Click);
-  connect(Timer1, &QTimer::timeout, this, [this] { follower_.Timer1_Timer(); });
+  connect(Timer1, &QTimer::timeout, this, [this] {
+    if (!session_.gate.Closing()) follower_.Timer1_Timer();
+  });
   connect(cmbFileName, &QComboBox::editTextChanged, this, [this] { cmbFileName_Change(); });
   connect(cmbFileName, QOverload<int>::of(&QComboBox::activated), this, [this] { cmbFileName_Click(); });
-  connect(cmbFileName->lineEdit(), &QLineEdit::returnPressed, this, [this] { OK_Click(); });
   connect(txtFileName, &QLineEdit::textChanged, this, [this] { txtFileName_Change(); });
   Options& o = session_.options;
   connect(chkFileStart, &QCheckBox::clicked, this, [this, &o] {
@@ -188,12 +195,13 @@ void Form1::Form_Load() {
     WaitSeconds(o.WaitSeconds);
   }
   if (!o.FileName.empty()) OK_Click(true);
+  if (session_.gate.Closing()) return;  // closed while it waited or opened
   EnableCheckBoxes();
   EnableAllButtons();
 }
 
 void Form1::WaitSeconds(int seconds) {
-  for (int i = 0; i < seconds * 10; ++i) {
+  for (int i = 0; i < seconds * 10 && !session_.gate.Closing(); ++i) {
     session_.env.LetEventsRun();
     session_.env.SleepMs(100);
   }
@@ -216,6 +224,7 @@ void Form1::cmdFilter_Click() {
   Options& o = session_.options;
   const std::string answer = InputMsg(session_.env, "Enter filter words to highlight - separated by spaces",
                                       "Text Highlighting Filter", o.FilterString);
+  if (session_.gate.Closing()) return;
   if (answer.empty() || answer == o.FilterString) return;
   o.FilterString = answer;
   RebuildFilterWords(o);
@@ -301,9 +310,19 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
     const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    if (watched == cmbFileName || watched == cmbFileName->lineEdit()) {
+    const bool shift_del = key->key() == Qt::Key_Delete && key->modifiers() == Qt::ShiftModifier;
+    if (watched == cmbFileName->view() && shift_del) {
       cmbFileName_KeyDown(key->key(), key->modifiers());
-      return key->key() == Qt::Key_Delete && (key->modifiers() & Qt::ShiftModifier);
+      return true;
+    }
+    if (watched == cmbFileName || watched == cmbFileName->lineEdit()) {
+      // Taken here, where the key first arrives, so that one ENTER opens once.
+      if (enter) {
+        cmbFileName_KeyPress(13);
+        return true;
+      }
+      cmbFileName_KeyDown(key->key(), key->modifiers());
+      return shift_del;
     }
     const bool opens = watched == cmdAbout || watched == cmdFilter || watched == cmdOptions ||
                        watched == cmdPause || watched == chkFileStart || watched == chkMinimise ||
@@ -340,22 +359,34 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
-  Form_Unload();
+  if (!unloaded_) {
+    in_close_event_ = true;
+    Form_Unload();
+    in_close_event_ = false;
+    if (!unloaded_) {  // an open, restart or Apply is running: the unload follows it
+      event->ignore();
+      return;
+    }
+  }
   QWidget::closeEvent(event);
 }
 
 void Form1::Form_Unload() {
-  if (unloaded_) return;
+  session_.gate.RequestUnload([this] {
+    Unload();
+    if (!in_close_event_) close();
+  });
+}
+
+void Form1::Unload() {
   unloaded_ = true;
   Options& o = session_.options;
   Timer1->stop();
   DisableAllButtons();
   program_closing_ = true;
   UnloadTextWindow();
-  if (!isMinimized()) {
-    if (x() > 0) o.MenuX = PixelsToTwips(x(), this);
-    if (y() > 0) o.MenuY = PixelsToTwips(y(), this);
-  }
+  if (isMinimized()) RememberMenuPosition(o, 0, 0);  // keeps the last position
+  else RememberMenuPosition(o, PixelsToTwips(x(), this), PixelsToTwips(y(), this));
   SetMenuCaption(MenuTitle(" - Saving Settings ..."));
   o.HistoryTotal = static_cast<int16_t>(std::min(cmbFileName->count(), static_cast<int>(kHistoryLimit)));
   if (o.Debug) LogEvent(session_, o.LogFileName, "** Unloading Main Form [" + o.FileSection + "] **");
@@ -371,6 +402,7 @@ void Form1::Form_Unload() {
   }
   SetMenuCaption(MenuTitle(" - Exiting ..."));
   UnloadAllForms();
+  if (on_unloaded) on_unloaded();
 }
 
 void Form1::UnloadAllForms() {

@@ -69,7 +69,11 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   Follower& follower() { return follower_; }
 
   void Form_Load();
+  // Closing: now, or once the running open, restart or Apply is over.
   void Form_Unload();
+  bool Unloaded() const { return unloaded_; }
+  // Called once the unload is done (the program ends its event loop here).
+  std::function<void()> on_unloaded;
   void OK_Click(bool startup_mode = false, int16_t changed_cpu_interval = 0,
                 bool play_sound_change = false) override;
 
@@ -95,6 +99,7 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   void cmbFileName_Change();
   void cmbFileName_Click();
   void cmbFileName_KeyDown(int key, Qt::KeyboardModifiers modifiers);
+  void cmbFileName_KeyPress(int character);
   void cmbFileName_OLEDragDrop(const QStringList& names);
   void Form_OLEDragDrop(const QStringList& names);
   void txtFileName_Change();
@@ -113,9 +118,11 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   void StopTimer() override;
   void ShowNormalAndActivate() override;
   bool ProgramClosing() override { return program_closing_; }
+  void TextWindowClosed(const TextBox& box) override;
 
   // FollowWindows, for the following engine.
   TextBox& TextWindowBox() override;
+  bool StillShowing(const TextBox& box) override;
   void SetTextWindowCaption(const std::string& caption) override;
   void FlashTextWindow() override;
   bool TimerEnabled() override;
@@ -137,10 +144,15 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
  private:
   void BuildControls();
   void Connect();
+  void OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change);
+  void Unload();
   frmText& LoadTextWindow();
   void UnloadTextWindow();
   void WaitSeconds(int seconds);
   void UnloadAllForms();
+  // The history entry the user sees: the highlighted one while the list is
+  // dropped down, else the one the box shows; -1 when none.
+  int ShownHistoryIndex() const;
 
   Session& session_;
   WindowServices& services_;
@@ -150,6 +162,7 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   QPointer<frmText> text_window_;
   bool program_closing_ = false;
   bool unloaded_ = false;
+  bool in_close_event_ = false;
 };
 
 }  // namespace ferrow

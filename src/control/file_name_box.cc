@@ -1,5 +1,6 @@
 // The file name box with its history list, the plain name field, drops on
 // the window and on the box, and the tip label.
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -35,15 +36,29 @@ void Form1::cmbFileName_Click() {
   cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
 }
 
-// SHIFT+DEL removes the shown history entry, here and in the stored history.
+// SHIFT+DEL removes the history entry the user sees, here and in the stored
+// history; what the box shows stays as it is.
 void Form1::cmbFileName_KeyDown(int key, Qt::KeyboardModifiers modifiers) {
   if (key != Qt::Key_Delete || modifiers != Qt::ShiftModifier) return;
-  const int index = cmbFileName->currentIndex();
+  const int index = ShownHistoryIndex();
   if (index < 0) return;
   const std::string name = FromQt(cmbFileName->itemText(index));
   if (name.empty()) return;
   RemoveFromHistory(session_, name);
+  const QString shown = cmbFileName->currentText();
+  const QSignalBlocker quiet(cmbFileName);
   cmbFileName->removeItem(index);
+  if (!cmbFileName->view()->isVisible()) cmbFileName->setEditText(shown);
+}
+
+int Form1::ShownHistoryIndex() const {
+  if (cmbFileName->view()->isVisible()) return cmbFileName->view()->currentIndex().row();
+  // Names are compared without regard to case, as the history keeps them.
+  return cmbFileName->findText(cmbFileName->currentText(), Qt::MatchFixedString);
+}
+
+void Form1::cmbFileName_KeyPress(int character) {
+  if (character == 13) OK_Click();
 }
 
 void Form1::cmbFileName_OLEDragDrop(const QStringList& names) {

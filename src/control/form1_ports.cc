@@ -10,6 +10,7 @@
 #include <QToolButton>
 
 #include "control/Form1.h"
+#include "control/menu_position.h"
 #include "control/window_services.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
@@ -35,31 +36,40 @@ void Form1::SetFileNameBox(const std::string& name) { cmbFileName->setEditText(T
 void Form1::StopTimer() { Timer1->stop(); }
 
 void Form1::ShowNormalAndActivate() {
+  if (session_.gate.Closing()) return;  // nothing comes back once the program is closing
   showNormal();
   raise();
   activateWindow();
 }
 
-// A text window the user closed is gone; the next update loads a new one.
+// A text window the user closed is gone; the next update loads a new one
+// (not shown once the program is closing).
 frmText& Form1::LoadTextWindow() {
   if (!text_window_) {
     text_window_ = new frmText(session_, *this);
-    text_window_->setAttribute(Qt::WA_DeleteOnClose);
-    text_window_->Form_Load();
+    if (!session_.gate.Closing()) text_window_->Form_Load();
   }
   return *text_window_;
 }
 
 // The text window may be the one asking (a file dropped on it opens that
-// file), so it goes once its own event handling is over.
+// file): closed, it is deleted only once no handler runs (DeleteWindowLater).
 void Form1::UnloadTextWindow() {
   if (!text_window_) return;
   frmText* leaving = text_window_;
   text_window_ = nullptr;
-  leaving->close();  // and, closed, it deletes itself once its handling is over
+  leaving->close();
+}
+
+void Form1::TextWindowClosed(const TextBox& box) {
+  if (text_window_ && text_window_->Rtf == &box) text_window_ = nullptr;
 }
 
 TextBox& Form1::TextWindowBox() { return *LoadTextWindow().Rtf; }
+
+bool Form1::StillShowing(const TextBox& box) {
+  return !session_.gate.Closing() && text_window_ && text_window_->Rtf == &box;
+}
 
 void Form1::SetTextWindowCaption(const std::string& caption) {
   LoadTextWindow().setWindowTitle(ToQt(caption));
@@ -70,6 +80,7 @@ void Form1::FlashTextWindow() { QApplication::alert(&LoadTextWindow(), 500); }
 bool Form1::TimerEnabled() { return Timer1->isActive(); }
 
 void Form1::SetTimerEnabled(bool enabled) {
+  if (enabled && session_.gate.Closing()) return;
   if (enabled) Timer1->start();
   else Timer1->stop();
 }
@@ -87,8 +98,7 @@ std::string Form1::FileNameBoxText() { return FromQt(cmbFileName->currentText())
 void Form1::ClearPlaySoundCheckBox() { chkPlaySound->SetValue(0); }
 
 void Form1::StoreMenuPosition(Options& options) {
-  options.MenuX = PixelsToTwips(x(), this);
-  options.MenuY = PixelsToTwips(y(), this);
+  RememberMenuPosition(options, PixelsToTwips(x(), this), PixelsToTwips(y(), this));
 }
 
 bool Form1::PlaySoundFile(const std::string& file, bool loop) { return sound_->PlaySoundFile(file, loop); }

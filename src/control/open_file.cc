@@ -22,7 +22,17 @@
 namespace ferrow {
 
 void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
+  session_.gate.Run(WindowGate::Work::kOpen, [&] {
+    OpenFile(startup_mode, changed_cpu_interval, play_sound_change);
+  });
+}
+
+// Every step that lets events run (message boxes, configuration writes, the
+// load) may see the program start closing; the open then stops there and
+// the unload follows.
+void Form1::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
   Options& o = session_.options;
+  const WindowGate& gate = session_.gate;
   Env& env = session_.env;
   Timer1->stop();
   const std::string typed = FromQt(cmbFileName->currentText());
@@ -55,6 +65,7 @@ void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_
     SaveCommonSettings(session_);
   }
   SuppressSettingsSave = false;
+  if (gate.Closing()) return;
 
   o.LastFileSize = env.FileLength(o.FileName).value_or(0);
   o.FileSection = section;
@@ -88,10 +99,14 @@ void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_
   text.Rtf->SetFontName(o.Font);
   text.Rtf->SetFontSize(o.FontSize);
   text.Rtf->SetFontBold(o.FontBold);
-  if (o.BringFromStartOfFile) {
-    follower_.LoadFileToTextBox(o.FileName, *text.Rtf, o.LinesToRead);
-    follower_.UpdateCaption();
+  if (o.BringFromStartOfFile) follower_.LoadFileToTextBox(o.FileName, *text.Rtf, o.LinesToRead);
+  if (gate.Closing()) {  // the file is open: the unload that follows saves it and its history
+    AddToHistory(o, o.FileName);
+    FileOpened = true;
+    return;
   }
+  // The size at once, also when nothing was brought from the file.
+  if (StillShowing(*text.Rtf)) follower_.UpdateCaption();
 
   EnableAllButtons();
   EnableCheckBoxes();
@@ -101,7 +116,7 @@ void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_
   ShowTip();
 
   Timer1->setInterval(o.TimerInterval);
-  Timer1->start();
+  SetTimerEnabled(true);
   follower_.CheckPauseCaption();
   FileOpened = true;
 }

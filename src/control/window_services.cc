@@ -4,6 +4,7 @@
 #include <QMessageBox>
 
 #include "about/product.h"
+#include "control/window_gate.h"
 #include "display/qt_convert.h"
 #include "support/tokenize.h"
 
@@ -22,20 +23,37 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 QString Title(const std::string& title) { return ToQt(title.empty() ? std::string(kProductName) : title); }
 
+// Counts a modal box's own event loop as an event pass, when there is a gate.
+class ModalPass {
+ public:
+  explicit ModalPass(WindowGate* gate) : gate_(gate) {
+    if (gate_) gate_->EnterEventPass();
+  }
+  ~ModalPass() {
+    if (gate_) gate_->LeaveEventPass();
+  }
+
+ private:
+  WindowGate* gate_;
+};
+
 }  // namespace
 
 void QtWindowServices::Message(const std::string& text, const std::string& title, MessageIcon icon) {
+  ModalPass pass(gate);
   QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Ok);
   box.exec();
 }
 
 bool QtWindowServices::AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) {
+  ModalPass pass(gate);
   QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Yes | QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
 }
 
 std::string QtWindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                            const std::string& start_folder) {
+  ModalPass pass(gate);
   return FromQt(QFileDialog::getOpenFileName(nullptr, ToQt(title), ToQt(start_folder),
                                              ToQt(QtFileFilter(filter))));
 }

@@ -8,6 +8,8 @@
 
 namespace ferrow {
 
+class WindowGate;
+
 class WindowServices {
  public:
   virtual ~WindowServices() = default;
@@ -19,9 +21,11 @@ class WindowServices {
                                    const std::string& start_folder) = 0;
 };
 
-// The real ones: QMessageBox and QFileDialog.
+// The real ones: QMessageBox and QFileDialog. Their own event loops count
+// as event passes of `gate`, when given.
 class QtWindowServices : public WindowServices {
  public:
+  WindowGate* gate = nullptr;
   void Message(const std::string& text, const std::string& title, MessageIcon icon) override;
   bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
   std::string OpenFileName(const std::string& title, const std::string& filter,

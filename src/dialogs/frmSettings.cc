@@ -19,6 +19,7 @@
 #include "config/history.h"
 #include "config/settings.h"
 #include "control/Form1.h"
+#include "control/event_passes.h"
 #include "control/window_services.h"
 #include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
@@ -35,7 +36,6 @@ constexpr int kNiceInterval = 2000, kNormalInterval = 500;
 
 frmSettings::frmSettings(Session& session, Form1& menu, WindowServices& services, QWidget* parent)
     : QWidget(parent, Qt::Dialog), session_(session), menu_(menu), services_(services) {
-  setAttribute(Qt::WA_DeleteOnClose);
   BuildControls();
 }
 
@@ -143,7 +143,13 @@ void frmSettings::SaveSettings() {
   SaveCommonSettings(session_);
 }
 
+// Apply runs once at a time; keys and clicks that arrive while its reload
+// lets events run are dropped (it closes the dialog itself when done).
 void frmSettings::cmdOK_Click() {
+  session_.gate.Run(WindowGate::Work::kApply, [this] { Apply(); });
+}
+
+void frmSettings::Apply() {
   Options& o = session_.options;
   setWindowTitle(tr("Applying settings..."));
   for (int i = 0; i < kThemeCount; ++i)
@@ -159,12 +165,15 @@ void frmSettings::cmdOK_Click() {
   o.QuickScroll = chkQuickScroll->isChecked();
   SaveSettings();
   menu_.SetTimerInterval(o.TimerInterval);
-  menu_.follower().FerrowRestart();
+  menu_.follower().RestartFollowing();
+  closing_ = true;
   close();
 }
 
 void frmSettings::cmdCancel_Click() {
+  if (session_.gate.Running() == WindowGate::Work::kApply) return;
   SaveSettings();
+  closing_ = true;
   close();
 }
 
@@ -202,9 +211,18 @@ bool frmSettings::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmSettings::closeEvent(QCloseEvent* event) {
-  menu_.EnableCheckBoxes();
-  menu_.EnableAllButtons();
+  if (session_.gate.Running() == WindowGate::Work::kApply && !closing_) {
+    event->ignore();  // Apply closes the dialog itself once its reload is over
+    return;
+  }
+  // A running open re-enables them itself at its end.
+  const WindowGate& gate = session_.gate;
+  if (!gate.Closing() && (!gate.Busy() || gate.Running() == WindowGate::Work::kApply)) {
+    menu_.EnableCheckBoxes();
+    menu_.EnableAllButtons();
+  }
   QWidget::closeEvent(event);
+  DeleteWindowLater(session_.gate, this);
 }
 
 }  // namespace ferrow

@@ -49,10 +49,12 @@ class frmSettings : public QWidget {
  private:
   void BuildControls();
   void SaveSettings();
+  void Apply();
 
   Session& session_;
   Form1& menu_;
   WindowServices& services_;
+  bool closing_ = false;  // closed by Apply or Close, not by the close box
 };
 
 }  // namespace ferrow

@@ -7,6 +7,8 @@
 
 namespace ferrow {
 
+class TextBox;
+
 class ControlWindowPort {
  public:
   virtual ~ControlWindowPort() = default;
@@ -20,6 +22,8 @@ class ControlWindowPort {
   virtual void ShowNormalAndActivate() = 0;
   // True while the whole program is closing.
   virtual bool ProgramClosing() = 0;
+  // The text window showing `box` has closed; the next update makes a new one.
+  virtual void TextWindowClosed(const TextBox& box) = 0;
 };
 
 }  // namespace ferrow

@@ -10,6 +10,7 @@
 #include <QScreen>
 
 #include "config/settings.h"
+#include "control/event_passes.h"
 #include "display/control_port.h"
 #include "display/qt_convert.h"
 #include "display/text_ops.h"
@@ -47,6 +48,7 @@ frmText::frmText(Session& session, ControlWindowPort& control, QWidget* parent)
 frmText::~frmText() = default;
 
 void frmText::Form_Load() {
+  loaded_ = true;
   const Options& o = session_.options;
   SetWordWrapOff(*Rtf);
   Rtf->SetText("Loading...");
@@ -171,11 +173,13 @@ bool frmText::eventFilter(QObject* watched, QEvent* event) {
 
 void frmText::closeEvent(QCloseEvent* event) {
   Form_Unload();
+  control_.TextWindowClosed(*Rtf);
   QWidget::closeEvent(event);
+  DeleteWindowLater(session_.gate, this);
 }
 
 void frmText::Form_Unload() {
-  if (unloaded_) return;
+  if (unloaded_ || !loaded_) return;
   unloaded_ = true;
   Options& o = session_.options;
   if (!isMinimized() && !isMaximized()) {

@@ -43,6 +43,7 @@ class frmText : public QWidget {
 
   Session& session_;
   ControlWindowPort& control_;
+  bool loaded_ = false;
   bool unloaded_ = false;
 };
 

@@ -57,19 +57,22 @@ bool Follower::HasFileChanged(const std::string& file_name, bool limit_high_wate
 void Follower::ReadChangedFile(const std::string& file_name, int64_t from_pos) {
   if (!FileExists(session_.env, file_name)) return;
   bool message = false;
-  const std::string bytes = ReadFileFromPos(session_.env, file_name, from_pos, &message);
+  int64_t reached = 0;
+  const std::string bytes = ReadFileFromPos(session_.env, file_name, from_pos, &message, &reached);
   if (message) decoder_.Reset();  // the skipped bytes are never shown
   AppendTextBlock(session_, windows_.TextWindowBox(), message ? bytes : TextOf(bytes),
                   session_.options.QuickScroll);
-  UpdateCaption();
+  // The size the display has just reached, not the mark the poll is about to move.
+  UpdateCaption(reached);
 }
 
-void Follower::UpdateCaption() {
-  const Options& o = session_.options;
+void Follower::UpdateCaption() { UpdateCaption(session_.options.LastFileSize); }
+
+void Follower::UpdateCaption(int64_t file_size) {
   const int64_t lines = std::max<int64_t>(GetLineCount(windows_.TextWindowBox()) - 1, 0);
-  windows_.SetTextWindowCaption(std::string(kProductName) + " - " + o.FileName + " (" +
-                                GroupDigits(o.LastFileSize) + " bytes) [" + std::to_string(lines) +
-                                "]");
+  windows_.SetTextWindowCaption(std::string(kProductName) + " - " + session_.options.FileName +
+                                " (" + GroupDigits(file_size) + " bytes) [" +
+                                std::to_string(lines) + "]");
 }
 
 bool Follower::PlayWav(const std::string& sound_file) {

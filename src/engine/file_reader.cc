@@ -23,9 +23,11 @@ std::string ReadAt(SharedFile& file, int64_t offset, int64_t count) {
 
 }  // namespace
 
-std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from_pos, bool* message) {
+std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from_pos, bool* message,
+                            int64_t* reached) {
   if (message) *message = false;
   const int64_t length = env.FileLength(file_name).value_or(0);
+  if (reached) *reached = length;
   if (from_pos < 1 || length < 1) return {};
   if (from_pos > length) from_pos = length - 1;
   const int64_t count = length - from_pos + 1;
@@ -36,7 +38,9 @@ std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from
   }
   auto file = env.OpenShared(file_name);
   if (!file) return {};
-  return ReadAt(*file, from_pos - 1, count);
+  std::string bytes = ReadAt(*file, from_pos - 1, count);
+  if (reached) *reached = from_pos - 1 + static_cast<int64_t>(bytes.size());
+  return bytes;
 }
 
 std::optional<int64_t> FileLenFresh(Env& env, const std::string& file_name) {

@@ -17,9 +17,10 @@ constexpr int64_t kMaxReadIncrease = 102400;
 // The bytes from the 1-based position `from_pos` to the end. A `from_pos`
 // past the end reads the last two bytes; a growth beyond kMaxReadIncrease is
 // not read at all and gives the "growing too fast" message instead (`message`
-// is then set). Empty when the file cannot be opened.
+// is then set). Empty when the file cannot be opened. `reached`, when given,
+// is the file position the read has brought the display to.
 std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from_pos,
-                            bool* message = nullptr);
+                            bool* message = nullptr, int64_t* reached = nullptr);
 
 // The length after an open and close, which makes some systems bring the
 // length of a file being written up to date.

@@ -16,6 +16,9 @@ class FollowWindows {
 
   // The text window's rich-text box; the window is made first when there is none.
   virtual TextBox& TextWindowBox() = 0;
+  // False once `box`'s window has been closed or the program is closing: a
+  // load that let events run stops writing into it.
+  virtual bool StillShowing(const TextBox& box) = 0;
   virtual void SetTextWindowCaption(const std::string& caption) = 0;
   // Flashes the text window's title bar once.
   virtual void FlashTextWindow() = 0;

@@ -25,8 +25,10 @@ class Follower {
   bool HasFileChanged(const std::string& file_name, bool limit_high_water_mark);
   // Reads from the 1-based `from_pos` to the end and appends it to the text window.
   void ReadChangedFile(const std::string& file_name, int64_t from_pos);
-  // The text window's caption: file, size and lines shown.
+  // The text window's caption: file, size (the last poll's, or `file_size`)
+  // and lines shown.
   void UpdateCaption();
+  void UpdateCaption(int64_t file_size);
   bool PlayWav(const std::string& sound_file);
 
   // Fills the text window with the end of the file as one document.
@@ -34,7 +36,11 @@ class Follower {
 
   void cmdPause_Click();
   void CheckPauseCaption();
+  // Restarts following; dropped while an open, a restart, Apply or the
+  // unload runs (see WindowGate).
   void FerrowRestart();
+  // The restart itself, for an operation that already holds the gate (Apply).
+  void RestartFollowing();
 
   int16_t TickCount() const { return tick_count_; }
   bool SoundsEnabled() const { return sounds_enabled_; }

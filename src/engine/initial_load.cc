@@ -72,6 +72,7 @@ void Follower::LoadFileToTextBox(const std::string& file_name, TextBox& box, int
   const std::string bare_name = FileNamePart(file_name);
   box.SetText("Loading file " + file_name);
   env.LetEventsRun();
+  if (!windows_.StillShowing(box)) return;
   windows_.SetTextWindowCaption(std::string(kProductName) + " - Loading " + bare_name + "...");
   box.SetEnabled(false);
 
@@ -111,6 +112,7 @@ void Follower::LoadFileToTextBox(const std::string& file_name, TextBox& box, int
                                     std::to_string(i) + " lines read (" + GroupDigits(characters) +
                                     " bytes) " + std::string((i / 50) % 10, '.'));
       env.LetEventsRun();
+      if (!windows_.StillShowing(box)) return;  // the user closed the window, or the program
     }
   }
   lines.clear();

@@ -29,7 +29,12 @@ void Follower::CheckPauseCaption() {
 }
 
 void Follower::FerrowRestart() {
+  session_.gate.Run(WindowGate::Work::kRestart, [this] { RestartFollowing(); });
+}
+
+void Follower::RestartFollowing() {
   Options& o = session_.options;
+  const WindowGate& gate = session_.gate;
   session_.ErrorLine = 10;
   RebuildFilterWords(o);
   const std::string box_text = windows_.FileNameBoxText();
@@ -40,7 +45,8 @@ void Follower::FerrowRestart() {
   session_.ErrorLine = 40;
   if (o.FileSection != "Config") {
     windows_.StoreMenuPosition(o);
-    SaveFileSettings(session_, o.FileSection);
+    SaveFileSettings(session_, o.FileSection);  // its write retries let events run
+    if (gate.Closing()) return;
   }
   windows_.RefreshFilterCaption();
 
@@ -55,6 +61,7 @@ void Follower::FerrowRestart() {
   session_.ErrorLine = 70;
   windows_.SetTimerEnabled(false);
   if (o.BringFromStartOfFile) LoadFileToTextBox(o.FileName, box, o.LinesToRead);
+  if (gate.Closing()) return;
   windows_.SetTimerInterval(o.TimerInterval);
   windows_.SetTimerEnabled(true);
   CheckPauseCaption();

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "control/Form1.h"
+#include "control/event_passes.h"
 #include "control/window_services.h"
 #include "startup/options.h"
 #include "startup/session.h"
@@ -67,12 +68,12 @@ int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   std::setlocale(LC_NUMERIC, "C");
   ferrow::Env& env = *ferrow::Env::Default();
-  env.SetEventsHook([] { QApplication::processEvents(); });
-
   ferrow::QtWindowServices services;
   ferrow::RoutedUi ui(services);
   ferrow::Options options;
   ferrow::Session session{env, options, ui};
+  ferrow::InstallEventsHook(env, session.gate);
+  services.gate = &session.gate;
   ferrow::StartupState state(env);
   std::unique_ptr<ferrow::Form1> form;
   const std::vector<std::string> args(argv + 1, argv + argc);
@@ -83,9 +84,15 @@ int main(int argc, char** argv) {
     ui.SetTarget(form.get());
     options.FileName = options.LastFileSelected;
     CloseOnSignals(form.get());
+    form->on_unloaded = [] { QCoreApplication::quit(); };
     form->Form_Load();
   });
   if (!go_on) return 0;  // /? showed the usage and ends the program
+  // Closed while it waited to start or opened its file: nothing is left to run.
+  if (form && form->Unloaded()) {
+    ui.SetTarget(nullptr);
+    return 0;
+  }
   const int result = app.exec();
   ui.SetTarget(nullptr);
   return result;

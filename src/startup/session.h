@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "about/helper_library.h"
+#include "control/window_gate.h"
 #include "platform/env.h"
 #include "startup/options.h"
 #include "support/ui.h"
@@ -21,6 +22,9 @@ struct Session {
   int16_t ErrorLine = 0;
   // Numbers the appended blocks in the debug banner, for the whole run.
   int16_t DebugBlockCounter = 0;
+  // Which of open, restart, Apply and unload runs, and whether the program
+  // is closing: shared by every window.
+  WindowGate gate{};
 };
 
 }  // namespace ferrow

@@ -211,7 +211,7 @@ TEST_F(Form1Test, ClosingTheTextWindowStopsFollowingAndTheNextUpdateBringsANewOn
   form->OK_Click();
   QPointer<frmText> first = form->TextWindow();
   first->close();
-  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QApplication::processEvents();  // deleted once no handler runs
   EXPECT_FALSE(first);
   EXPECT_FALSE(form->Timer1->isActive());
   form->cmdPause->click();  // resume

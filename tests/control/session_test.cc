@@ -37,7 +37,7 @@ TEST_F(Form1Test, WholeSessionFromTypingANameToItsSettingsComingBack) {
   frmText* text = form->TextWindow();
   ASSERT_TRUE(WaitFor([&] { return text->Rtf->Text() == "GET /x 404\nERROR in /y\n"; }))
       << text->Rtf->Text();
-  EXPECT_EQ(text->windowTitle().toStdString(), "Ferrow - " + log + " (11 bytes) [2]");
+  EXPECT_EQ(text->windowTitle().toStdString(), "Ferrow - " + log + " (36 bytes) [2]");
   ASSERT_TRUE(WaitFor([&] { return options.LastFileSize == 36; }));
 
   form->cmdPause->click();

@@ -30,10 +30,11 @@ class FakeControlWindow : public ControlWindowPort {
   void StopTimer() override { ++timer_stops; }
   void ShowNormalAndActivate() override { ++activations; }
   bool ProgramClosing() override { return closing; }
+  void TextWindowClosed(const TextBox&) override { ++closes; }
 
   std::string box;
   std::vector<std::string> opened;
-  int timer_stops = 0, activations = 0;
+  int timer_stops = 0, activations = 0, closes = 0;
   bool closing = false;
 };
 

@@ -22,8 +22,8 @@ TEST_F(ChangeDetection, GrowthIsReadAndAppendedAsLines) {
   EXPECT_EQ(Shown(), "new one\nnew two\n");
   EXPECT_EQ(options.LastFileSize, 28);
   EXPECT_EQ(options.HighWaterMark, 28);
-  // The caption is written while the poll reads, before the marks move on.
-  EXPECT_EQ(windows.captions.back(), "Ferrow - " + log + " (10 bytes) [2]");
+  // The size the read has just reached, not the mark before it.
+  EXPECT_EQ(windows.captions.back(), "Ferrow - " + log + " (28 bytes) [2]");
 }
 
 TEST_F(ChangeDetection, GrowthOfExactly102400BytesIsShown) {

@@ -17,6 +17,7 @@ class FakeFollowWindows : public FollowWindows {
     ++box_requests;
     return box;
   }
+  bool StillShowing(const TextBox&) override { return still_showing; }
   void SetTextWindowCaption(const std::string& caption) override { captions.push_back(caption); }
   void FlashTextWindow() override { ++flashes; }
   bool TimerEnabled() override { return timer_enabled; }
@@ -41,7 +42,7 @@ class FakeFollowWindows : public FollowWindows {
   FakeTextBox box;
   std::vector<std::string> captions, played;
   int flashes = 0, sound_box_clears = 0, filter_caption_refreshes = 0, box_requests = 0;
-  bool timer_enabled = true, sound_works = true, shows_stop = false;
+  bool timer_enabled = true, sound_works = true, shows_stop = false, still_showing = true;
   int interval = 0;
   std::string tool_tip, file_name_box;
 };

@@ -1,0 +1,75 @@
+// The one rule for re-entrancy. The program lets window events run inside its
+// waits (the initial load, the lock wait, the input box, configuration write
+// retries, the start delay), so any handler can run inside any other. Three
+// things keep that safe, for every window toolkit alike:
+// - Opening a file, restarting, applying settings and unloading never nest:
+//   a request that arrives while one of them runs is dropped; an unload is
+//   kept and runs as soon as the running one is over, never inside it.
+// - Once the unload has been asked for, nothing re-shows a window or starts
+//   the timer again (`Closing`), and running operations stop at their next
+//   step.
+// - A window is never destroyed while an event pass or one of those
+//   operations runs: its destruction waits (`DestroyLater`) until the
+//   outermost handler has returned.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace ferrow {
+
+class WindowGate {
+ public:
+  enum class Work { kNone, kOpen, kRestart, kApply, kUnload };
+
+  // Runs `work` unless another operation runs or the unload has begun;
+  // false when the request was dropped.
+  bool Run(Work kind, const std::function<void()>& work);
+  // The unload: now when nothing runs, else right after the running
+  // operation. Asked for twice, it runs once.
+  void RequestUnload(std::function<void()> unload);
+
+  Work Running() const { return running_; }
+  bool Busy() const { return running_ != Work::kNone; }
+  bool Closing() const { return closing_; }
+
+  // A pass of window events inside a wait (or a modal box's own loop).
+  void EnterEventPass() { ++event_passes_; }
+  void LeaveEventPass() { --event_passes_; }
+  int EventPasses() const { return event_passes_; }
+
+  // Keeps a window's destruction for `DestroyPending` (never now: the window
+  // may be the one whose handler asks).
+  void DestroyLater(std::function<void()> destroy) { pending_destroy_.push_back(std::move(destroy)); }
+  // Destroys what waits, when no event pass and no operation runs (called
+  // from the top of the event loop); true when something is still left.
+  bool DestroyPending();
+  bool MayDestroyNow() const { return event_passes_ == 0 && !Busy(); }
+  // Expires with the gate, for callbacks that may outlive it.
+  std::weak_ptr<const int> Life() const { return life_; }
+
+ private:
+  void Finish();
+
+  Work running_ = Work::kNone;
+  bool closing_ = false;
+  int event_passes_ = 0;
+  std::function<void()> pending_unload_;
+  std::vector<std::function<void()>> pending_destroy_;
+  std::shared_ptr<const int> life_ = std::make_shared<const int>(0);
+};
+
+// Counts one event pass for the life of the scope.
+class EventPassScope {
+ public:
+  explicit EventPassScope(WindowGate& gate) : gate_(gate) { gate_.EnterEventPass(); }
+  ~EventPassScope() { gate_.LeaveEventPass(); }
+  EventPassScope(const EventPassScope&) = delete;
+  EventPassScope& operator=(const EventPassScope&) = delete;
+
+ private:
+  WindowGate& gate_;
+};
+
+}  // namespace ferrow
