@@ -32,7 +32,7 @@ for p in libqt6widgets6 libqt6multimedia6 libqt6core6 libc6 qt6-qpa-plugins; do
 done
 
 if command -v lintian >/dev/null; then
-  lintian --no-tag-display-limit "$deb" > "$work/lintian" 2>&1 || true
+  lintian --tag-display-limit 0 "$deb" > "$work/lintian" 2>&1 || true
   cat "$work/lintian"
   if grep -q '^E:' "$work/lintian"; then echo "lintian reports errors"; fail=1; fi
 else
