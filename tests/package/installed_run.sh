@@ -57,6 +57,5 @@ ini="$root/usr/bin/ferrow.INI"
 grep -q '^\[web.log\]' "$ini" || { echo "no [web.log] section"; fail=1; }
 # A sound it cannot find turns the sound off for the file, and that is saved.
 if grep -q '^PlaySoundOnUpdate=False' "$ini"; then echo "the update sound was not found"; fail=1; fi
-rm -f "$root/usr/bin/ferrow.INI" "$root/usr/bin/ferrow.LOG"
 [ $fail -eq 0 ] && echo "installed run: passed"
 exit $fail
