@@ -46,7 +46,8 @@ std::string UnescapeValue(const std::string& text) {
   return out;
 }
 
-// Exec's arguments after its quoting rules; field codes are left out.
+// Exec's arguments after its quoting rules; field codes are left out. None
+// for a line that breaks the rules.
 std::vector<std::string> SplitExec(const std::string& exec) {
   std::vector<std::string> args;
   std::string current;
@@ -73,6 +74,7 @@ std::vector<std::string> SplitExec(const std::string& exec) {
       in_word = true;
     }
   }
+  if (quoted) return {};  // an unterminated quote makes the whole line invalid
   if (in_word && !field_code) args.push_back(current);
   return args;
 }
