@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 
+#include "desktop_entry.h"
 #include "helper_platform.h"
 #include "lnk_format.h"
 
@@ -56,6 +57,11 @@ FERROW_API char* FERROW_CALL RTFFilterNoSlash(char* line) {
 FERROW_API char* FERROW_CALL GetLinkTarget(const char* link_path) {
   std::string data = ReadSmallFile(link_path);
   ferrow::lnk::LinkTarget target = ferrow::lnk::ReadLink(data, FolderOf(link_path ? link_path : ""));
+  // Not a Windows shortcut: perhaps a desktop launcher, the Linux kind.
+  if (target.path.empty()) {
+    target.path = ferrow::desktop::ReadLauncherTarget(data);
+    target.path_is_utf8 = true;
+  }
   return ferrow::helper::AllocString(ferrow::helper::SystemText(target));
 }
 

@@ -1,13 +1,16 @@
 #include <dlfcn.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 
+#include "desktop_entry.h"
 #include "ferrow_helper.h"
 #include "helper_platform.h"
+#include "launcher_trust.h"
 
 namespace ferrow::helper {
 namespace {
@@ -36,6 +39,31 @@ std::string XdgDesktop() {
   return "";
 }
 
+bool EndsWith(const std::string& text, const std::string& end) {
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+std::string ProgramPath() {
+  char path[4096];
+  const ssize_t n = ::readlink("/proc/self/exe", path, sizeof path - 1);
+  return n > 0 ? std::string(path, static_cast<size_t>(n)) : "";
+}
+
+bool WriteFile(const std::string& path, const std::string& bytes) {
+  std::FILE* out = std::fopen(path.c_str(), "wb");
+  if (!out) return false;
+  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
+  return (std::fclose(out) == 0) && ok;
+}
+
+// What a Linux desktop starts: a launcher that runs this program on the file.
+bool MakeLauncher(const std::string& target, const std::string& link) {
+  const std::string text = desktop::WriteLauncher({ProgramPath(), target, FERROW_APP_ID});
+  if (text.empty() || !WriteFile(link, text)) return false;
+  MarkLauncherTrusted(link);
+  return true;
+}
+
 }  // namespace
 
 char* AllocString(const std::string& text) {
@@ -58,6 +86,7 @@ std::string DesktopFolder() {
 
 bool MakeShortcut(const std::string& target, const std::string& link,
                   const std::string& description, int show_command) {
+  if (EndsWith(link, ".desktop")) return MakeLauncher(target, link);
   lnk::NewLink shortcut;
   shortcut.target = target;
   shortcut.description = description;
@@ -69,11 +98,7 @@ bool MakeShortcut(const std::string& target, const std::string& link,
     shortcut.target_size = static_cast<uint32_t>(info.st_size);
     shortcut.target_is_folder = S_ISDIR(info.st_mode);
   }
-  std::string bytes = lnk::WriteLink(shortcut);
-  std::FILE* out = std::fopen(link.c_str(), "wb");
-  if (!out) return false;
-  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
-  return (std::fclose(out) == 0) && ok;
+  return WriteFile(link, lnk::WriteLink(shortcut));
 }
 
 std::string SystemText(const lnk::LinkTarget& target) { return target.path; }

@@ -1,6 +1,7 @@
 #include "about/desktop_link.h"
 
 #include "about/helper_library.h"
+#include "about/shortcut_files.h"
 #include "startup/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
@@ -18,8 +19,10 @@ void CreateDesktopLink(Session& s, const HelperLibrary& library, const std::stri
   } else {
     std::string link_file = library.GetProfileDir(0).value_or("");
     EnsureTrailingSlash(link_file);
-    link_file += FileNamePart(name) + ".lnk";
-    if (library.CreateShortcut(name, link_file, "", "", "", 1, -1).value_or(0) != 0) {
+    link_file += FileNamePart(name) + ShortcutFileExtension();
+    // Success is told only when the shortcut is really there to double-click.
+    if (library.CreateShortcut(name, link_file, "", "", "", 1, -1).value_or(0) != 0 &&
+        FileExists(s.env, link_file)) {
       message.clear();
       s.ui.ShowMessage("Successfully created desktop link", "", MessageIcon::Information);
     } else {

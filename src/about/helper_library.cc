@@ -6,6 +6,7 @@
 #include "ferrow_helper.h"
 #include "platform/env.h"
 #include "startup/options.h"
+#include "support/install_layout.h"
 #include "support/paths.h"
 #include "support/strings.h"
 
@@ -22,6 +23,8 @@ std::string HelperLibraryFileName() {
 HelperLibrary HelperLibrary::Bind(Env& env) {
   const std::string name = HelperLibraryFileName();
   void* handle = env.OpenLibrary(JoinPath(FolderPart(env.ProgramPath()), name));
+  const std::string installed = InstalledLibraryFolder(env);
+  if (!handle && !installed.empty()) handle = env.OpenLibrary(JoinPath(installed, name));
   if (!handle) handle = env.OpenLibrary(name);
   return HelperLibrary(env, handle);
 }

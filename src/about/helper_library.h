@@ -17,7 +17,8 @@ constexpr int16_t kHelperLibraryMinimum = 103;
 class HelperLibrary {
  public:
   // Binds the library by its plain name, from the program's folder first,
-  // then wherever the system looks for libraries.
+  // then from the folder an install puts it in, then wherever the system
+  // looks for libraries.
   static HelperLibrary Bind(Env& env);
   // Binds the library file at `path` (tests).
   static HelperLibrary BindFile(Env& env, const std::string& path);

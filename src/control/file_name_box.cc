@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QToolButton>
 
+#include "about/shortcut_files.h"
 #include "about/tips.h"
 #include "config/history.h"
 #include "control/Form1.h"
@@ -65,7 +66,7 @@ void Form1::cmbFileName_OLEDragDrop(const QStringList& names) {
   if (names.isEmpty() || names.first().isEmpty()) return;
   const std::string name = FromQt(names.first());
   SetFileNameBox(name);
-  if (UpperCase(FileExtension(name)) != "LNK" || !session_.helper) return;
+  if (!IsShortcutFile(name) || !session_.helper) return;
   const std::string target = session_.helper->GetLinkTarget(name).value_or("");
   if (!target.empty() && FileExists(session_.env, target)) SetFileNameBox(target);
 }

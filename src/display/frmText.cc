@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QScreen>
 
+#include "about/shortcut_files.h"
 #include "config/settings.h"
 #include "control/event_passes.h"
 #include "display/control_port.h"
@@ -128,7 +129,7 @@ void frmText::Rtf_OLEDragDrop(const QStringList& names) {
   if (names.isEmpty() || names.first().isEmpty()) return;
   std::string name = FromQt(names.first());
   control_.SetFileNameBox(name);
-  if (UpperCase(FileExtension(name)) == "LNK" && session_.options.HelperLibraryInUse &&
+  if (IsShortcutFile(name) && session_.options.HelperLibraryInUse &&
       session_.helper) {
     std::string target = session_.helper->GetLinkTarget(name).value_or("");
     if (!target.empty() && FileExists(session_.env, target)) control_.SetFileNameBox(target);

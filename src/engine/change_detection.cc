@@ -7,6 +7,7 @@
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
 #include "startup/session.h"
+#include "support/install_layout.h"
 #include "support/numbers.h"
 #include "support/paths.h"
 
@@ -78,7 +79,7 @@ void Follower::UpdateCaption(int64_t file_size) {
 bool Follower::PlayWav(const std::string& sound_file) {
   if (!sounds_enabled_) return false;
   std::string name = sound_file;
-  if (FolderPart(name).empty()) name = JoinPath(FolderPart(session_.env.ProgramPath()), name);
+  if (FolderPart(name).empty()) name = ProgramDataFile(session_.env, name);
   if (!FileExists(session_.env, name)) return false;
   const bool played = windows_.PlaySoundFile(name, false);
   for (int i = 0; i < 4; ++i) session_.env.SleepMs(10);

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "about/helper_library.h"
+#include "about/shortcut_files.h"
 #include "ferrow_helper.h"
 #include "testing/session_fixture.h"
 
@@ -18,6 +19,7 @@ struct FakeLibrary {
   static inline std::string last_target, last_link;
   static inline int16_t version = 110;
   static inline int16_t shortcut_result = 1;
+  static inline bool writes_file = true;
 
   static char* Copy(const std::string& s) {
     char* p = static_cast<char*>(std::malloc(s.size() + 1));
@@ -30,6 +32,7 @@ struct FakeLibrary {
                                       const char*, const char*, int32_t, int32_t) {
     last_target = target;
     last_link = link;
+    if (writes_file && shortcut_result) testing::WriteBytes(link, "shortcut");
     return shortcut_result;
   }
 };
@@ -52,7 +55,9 @@ class DesktopLinkTest : public testing::SessionTest {
     FakeLibrary::desktop = dir.File("Desktop");
     FakeLibrary::version = 110;
     FakeLibrary::shortcut_result = 1;
+    FakeLibrary::writes_file = true;
     FakeLibrary::last_link.clear();
+    env.CreateFolders(dir.File("Desktop"));
   }
   void Link(const std::string& name) {
     Session s{fake, options, ui};
@@ -82,8 +87,16 @@ TEST_F(DesktopLinkTest, LinkIsNamedAfterTheFileOnTheDesktop) {
   testing::WriteBytes(dir.File("app.log"), "x");
   Link(dir.File("app.log"));
   EXPECT_EQ(FakeLibrary::last_target, dir.File("app.log"));
-  EXPECT_EQ(FakeLibrary::last_link, JoinPath(dir.File("Desktop"), "app.log.lnk"));
+  EXPECT_EQ(FakeLibrary::last_link,
+            JoinPath(dir.File("Desktop"), "app.log" + ShortcutFileExtension()));
   EXPECT_EQ(ui.messages, (std::vector<std::string>{"|Successfully created desktop link"}));
+}
+
+TEST_F(DesktopLinkTest, SuccessIsToldOnlyWhenTheShortcutIsThere) {
+  testing::WriteBytes(dir.File("app.log"), "x");
+  FakeLibrary::writes_file = false;
+  Link(dir.File("app.log"));
+  EXPECT_EQ(ui.messages, (std::vector<std::string>{"|Could not create shortcut:  Unknown error"}));
 }
 
 TEST_F(DesktopLinkTest, FailureOfTheLibraryIsAnUnknownError) {

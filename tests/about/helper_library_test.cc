@@ -8,6 +8,7 @@
 #include "display/rtf_escape.h"
 #include "platform/env.h"
 #include "startup/options.h"
+#include "support/install_layout.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"
 
@@ -57,6 +58,28 @@ TEST(HelperLibrary, FoundBesideTheProgramByItsPlainName) {
   EXPECT_GE(options.HelperLibraryVersion, 103);
   EXPECT_TRUE(options.HelperLibraryInUse);
 }
+
+#ifndef _WIN32
+TEST(HelperLibrary, InstalledProgramFindsItInTheInstalledLibraryFolder) {
+  testing::TempDir dir;
+  class InstalledEnv : public EnvWrapper {
+   public:
+    explicit InstalledEnv(std::string root) : EnvWrapper(Env::Default()), root_(std::move(root)) {}
+    std::string ProgramPath() override { return root_ + "/usr/bin/ferrow"; }
+    std::string root_;
+  } installed(dir.path());
+  installed.CreateFolders(dir.File("usr/bin"));
+  EXPECT_FALSE(HelperLibrary::Bind(installed).loaded());
+
+  const std::string folder = InstalledLibraryFolder(installed);
+  ASSERT_TRUE(installed.CreateFolders(folder));
+  ASSERT_TRUE(installed.CopyWholeFile(kLibrary, JoinPath(folder, HelperLibraryFileName())));
+  HelperLibrary library = HelperLibrary::Bind(installed);
+  ASSERT_TRUE(library.loaded());
+  const std::string below_lib = folder.substr((dir.path() + "/usr/bin/../lib").size());
+  EXPECT_EQ(library.GetDLLFileName(), dir.path() + "/usr/lib" + below_lib + "/" + HelperLibraryFileName());
+}
+#endif
 
 TEST(HelperLibrary, MissingLibraryAnswersNothing) {
   HelperLibrary library = HelperLibrary::None(env());
