@@ -12,7 +12,7 @@
 
 #include "about/about_text.h"
 #include "about/product.h"
-#include "control/Form1.h"
+#include "control/menu_port.h"
 #include "control/event_passes.h"
 #include "display/qt_convert.h"
 #include "startup/session.h"
@@ -46,7 +46,7 @@ void WebsiteLabel::mousePressEvent(QMouseEvent* event) {
   emit clicked();
 }
 
-frmAbout::frmAbout(Session& session, Form1& menu, QWidget* parent)
+frmAbout::frmAbout(Session& session, MenuPort& menu, QWidget* parent)
     : QWidget(parent, Qt::Dialog),
       lblTitle(new QLabel(this)),
       lblInformation(new QLabel(this)),

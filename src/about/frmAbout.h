@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace ferrow {
 
-class Form1;
+class MenuPort;
 struct Session;
 
 // The web page label: blue on the button face, white on blue under the mouse.
@@ -32,7 +32,7 @@ class frmAbout : public QWidget {
   Q_OBJECT
 
  public:
-  frmAbout(Session& session, Form1& menu, QWidget* parent = nullptr);
+  frmAbout(Session& session, MenuPort& menu, QWidget* parent = nullptr);
 
   QLabel* lblTitle;
   QLabel* lblInformation;
@@ -52,7 +52,7 @@ class frmAbout : public QWidget {
 
  private:
   Session& session_;
-  Form1& menu_;
+  MenuPort& menu_;
 };
 
 }  // namespace ferrow

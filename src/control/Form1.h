@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+#include "control/menu_port.h"
 #include "display/control_port.h"
 #include "display/frmText.h"
 #include "engine/follow_windows.h"
@@ -42,7 +43,7 @@ class TriStateBox : public QCheckBox {
   void nextCheckState() override;
 };
 
-class Form1 : public QWidget, public Ui, public ControlWindowPort, public FollowWindows {
+class Form1 : public QWidget, public Ui, public ControlWindowPort, public FollowWindows, public MenuPort {
   Q_OBJECT
 
  public:
@@ -88,12 +89,12 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
 
   // Check boxes.
   void DisableCheckBoxes();
-  void EnableCheckBoxes();
+  void EnableCheckBoxes() override;
   void SetCheckboxesDefault();
   void ClearCheckBoxes();
   void UpdateCheckboxes();
   void DisableAllButtons();
-  void EnableAllButtons();
+  void EnableAllButtons() override;
 
   // The file name box (typing, picking, focus, keys, drops) and the tip label.
   void cmbFileName_Change();
@@ -117,6 +118,11 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   void SetFileNameBox(const std::string& name) override;
   void StopTimer() override;
   void ShowNormalAndActivate() override;
+
+  // MenuPort, for the settings dialog and the about window.
+  void SetPlaySoundCheckBox(bool on) override { chkPlaySound->SetValue(on ? 1 : 0); }
+  void ClearHistoryList() override;
+  void RestartFollowing() override { follower_.RestartFollowing(); }
   bool ProgramClosing() override { return program_closing_; }
   void TextWindowClosed(const TextBox& box) override;
 

@@ -35,6 +35,8 @@ void Form1::SetFileNameBox(const std::string& name) { cmbFileName->setEditText(T
 
 void Form1::StopTimer() { Timer1->stop(); }
 
+void Form1::ClearHistoryList() { cmbFileName->clear(); }
+
 void Form1::ShowNormalAndActivate() {
   if (session_.gate.Closing()) return;  // nothing comes back once the program is closing
   showNormal();

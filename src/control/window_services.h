@@ -1,5 +1,6 @@
 // The modal parts of the windows (message boxes, the open-file dialog),
-// behind an interface so that tests answer them instead of a person.
+// behind an interface so that tests answer them instead of a person. Each
+// toolkit has its own.
 #pragma once
 
 #include <string>
@@ -7,8 +8,6 @@
 #include "support/ui.h"
 
 namespace ferrow {
-
-class WindowGate;
 
 class WindowServices {
  public:
@@ -20,21 +19,6 @@ class WindowServices {
   virtual std::string OpenFileName(const std::string& title, const std::string& filter,
                                    const std::string& start_folder) = 0;
 };
-
-// The real ones: QMessageBox and QFileDialog. Their own event loops count
-// as event passes of `gate`, when given.
-class QtWindowServices : public WindowServices {
- public:
-  WindowGate* gate = nullptr;
-  void Message(const std::string& text, const std::string& title, MessageIcon icon) override;
-  bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
-  std::string OpenFileName(const std::string& title, const std::string& filter,
-                           const std::string& start_folder) override;
-};
-
-// "Log Files|*.log|All Files (*.*)|*.*|" as Qt writes it:
-// "Log Files (*.log);;All Files (*.*) (*)".
-std::string QtFileFilter(const std::string& filter);
 
 // A Ui whose captions go nowhere and whose messages go to `services`; the
 // control window takes over once it exists.

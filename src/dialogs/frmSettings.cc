@@ -18,7 +18,7 @@
 #include "about/product.h"
 #include "config/history.h"
 #include "config/settings.h"
-#include "control/Form1.h"
+#include "control/menu_port.h"
 #include "control/event_passes.h"
 #include "control/window_services.h"
 #include "dialogs/dialog_keys.h"
@@ -34,7 +34,7 @@ constexpr int kNiceInterval = 2000, kNormalInterval = 500;
 
 }  // namespace
 
-frmSettings::frmSettings(Session& session, Form1& menu, WindowServices& services, QWidget* parent)
+frmSettings::frmSettings(Session& session, MenuPort& menu, WindowServices& services, QWidget* parent)
     : QWidget(parent, Qt::Dialog), session_(session), menu_(menu), services_(services) {
   BuildControls();
 }
@@ -106,7 +106,7 @@ void frmSettings::BuildControls() {
   });
   connect(chkPlaySound, &QCheckBox::clicked, this, [this, &o](bool on) {
     o.PlaySoundOnUpdate = on;
-    menu_.chkPlaySound->SetValue(on ? 1 : 0);
+    menu_.SetPlaySoundCheckBox(on);
   });
   connect(chkQuickScroll, &QCheckBox::clicked, this, [&o](bool on) { o.QuickScroll = on; });
   connect(cmdOK, &QPushButton::clicked, this, &frmSettings::cmdOK_Click);
@@ -160,12 +160,12 @@ void frmSettings::Apply() {
   o.TimerInterval = static_cast<int16_t>(o.NiceMode ? kNiceInterval : kNormalInterval);
   o.PlaySoundOnUpdate = chkPlaySound->isChecked();
   o.AlertOnUpdate = chkAlert->isChecked();
-  menu_.chkPlaySound->SetValue(o.PlaySoundOnUpdate ? 1 : 0);
+  menu_.SetPlaySoundCheckBox(o.PlaySoundOnUpdate);
   o.CopyAsRTF = chkCopyAsRTF->isChecked();
   o.QuickScroll = chkQuickScroll->isChecked();
   SaveSettings();
   menu_.SetTimerInterval(o.TimerInterval);
-  menu_.follower().RestartFollowing();
+  menu_.RestartFollowing();
   closing_ = true;
   close();
 }
@@ -181,7 +181,7 @@ void frmSettings::Command1_Click() {
   Options& o = session_.options;
   for (int i = 0; i < o.HistoryTotal; ++i) o.HistoryList[static_cast<size_t>(i)].clear();
   o.HistoryTotal = 0;
-  menu_.cmbFileName->clear();
+  menu_.ClearHistoryList();
   SaveHistory(session_);
   services_.Message("History Cleared", "Information", MessageIcon::Information);
 }

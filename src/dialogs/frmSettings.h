@@ -15,7 +15,7 @@ class QRadioButton;
 
 namespace ferrow {
 
-class Form1;
+class MenuPort;
 class WindowServices;
 struct Session;
 
@@ -23,7 +23,7 @@ class frmSettings : public QWidget {
   Q_OBJECT
 
  public:
-  frmSettings(Session& session, Form1& menu, WindowServices& services, QWidget* parent = nullptr);
+  frmSettings(Session& session, MenuPort& menu, WindowServices& services, QWidget* parent = nullptr);
 
   QGroupBox* Frame1;
   std::array<QRadioButton*, 12> optTheme{};
@@ -52,7 +52,7 @@ class frmSettings : public QWidget {
   void Apply();
 
   Session& session_;
-  Form1& menu_;
+  MenuPort& menu_;
   WindowServices& services_;
   bool closing_ = false;  // closed by Apply or Close, not by the close box
 };

@@ -11,7 +11,7 @@
 
 #include "control/Form1.h"
 #include "control/event_passes.h"
-#include "control/window_services.h"
+#include "control/qt_window_services.h"
 #include "startup/options.h"
 #include "startup/session.h"
 #include "startup/startup.h"

@@ -11,7 +11,7 @@
 #include <iostream>
 
 #include "control/Form1.h"
-#include "control/window_services.h"
+#include "control/qt_window_services.h"
 #include "display/frmText.h"
 #include "startup/session.h"
 #include "startup/startup.h"

@@ -1,0 +1,76 @@
+#include "control/qt_window_services.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "about/product.h"
+#include "control/window_gate.h"
+#include "display/qt_convert.h"
+#include "support/tokenize.h"
+
+namespace ferrow {
+namespace {
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Information: return QMessageBox::Information;
+    default: return QMessageBox::NoIcon;
+  }
+}
+
+QString Title(const std::string& title) { return ToQt(title.empty() ? std::string(kProductName) : title); }
+
+// Counts a modal box's own event loop as an event pass, when there is a gate.
+class ModalPass {
+ public:
+  explicit ModalPass(WindowGate* gate) : gate_(gate) {
+    if (gate_) gate_->EnterEventPass();
+  }
+  ~ModalPass() {
+    if (gate_) gate_->LeaveEventPass();
+  }
+
+ private:
+  WindowGate* gate_;
+};
+
+}  // namespace
+
+void QtWindowServices::Message(const std::string& text, const std::string& title, MessageIcon icon) {
+  ModalPass pass(gate);
+  QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Ok);
+  box.exec();
+}
+
+bool QtWindowServices::AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) {
+  ModalPass pass(gate);
+  QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Yes | QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+std::string QtWindowServices::OpenFileName(const std::string& title, const std::string& filter,
+                                           const std::string& start_folder) {
+  ModalPass pass(gate);
+  return FromQt(QFileDialog::getOpenFileName(nullptr, ToQt(title), ToQt(start_folder),
+                                             ToQt(QtFileFilter(filter))));
+}
+
+std::string QtFileFilter(const std::string& filter) {
+  std::vector<std::string> parts;
+  std::string out;
+  // Split on "|" keeping empty parts out: name and pattern alternate.
+  Tokenize(filter, "|", parts, 1000);
+  for (size_t i = 0; i + 1 < parts.size(); i += 2) {
+    std::string pattern = parts[i + 1] == "*.*" ? "*" : parts[i + 1];
+    for (char& c : pattern)
+      if (c == ';') c = ' ';
+    if (!out.empty()) out += ";;";
+    out += parts[i] + " (" + pattern + ")";
+  }
+  return out;
+}
+
+}  // namespace ferrow
