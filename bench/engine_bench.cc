@@ -96,13 +96,13 @@ void BM_PollAtTheCap(benchmark::State& state) {
   std::ofstream(log, std::ios::binary | std::ios::trunc) << Lines(300 * 1024, 2);
   f.options.FileName = log;
   f.options.LastFileSize = static_cast<int64_t>(fs::file_size(log));
-  f.follower->LoadFileToTextBox(log, *f.text->Rtf, 0);
+  f.Logic().follower->LoadFileToTextBox(log, *f.text->Rtf, 0);
   for (auto _ : state) {
     state.PauseTiming();
     std::ofstream(log, std::ios::binary | std::ios::app) << block;
     state.ResumeTiming();
     // The poll's work; the tick adds its deliberate 10 ms sleep to it.
-    f.follower->HasFileChanged(log, false);
+    f.Logic().follower->HasFileChanged(log, false);
     f.text->Rtf->viewport()->repaint();
   }
 }
@@ -120,7 +120,7 @@ void BM_InitialLoadOfTheLastMegabyteOf200MB(benchmark::State& state) {
   }
   for (auto _ : state) {
     f.options.MaxInputLength = 1048576;
-    f.follower->LoadFileToTextBox(log, *f.text->Rtf, 0);
+    f.Logic().follower->LoadFileToTextBox(log, *f.text->Rtf, 0);
     f.text->Rtf->viewport()->repaint();
   }
   state.counters["file_mb"] = fs::file_size(log) / 1048576.0;
@@ -163,14 +163,14 @@ void BM_IdleFollowingForSixtySeconds(benchmark::State& state) {
     f.options.LastFileSize = static_cast<int64_t>(fs::file_size(log));
     QTimer timer;
     timer.setInterval(500);
-    QObject::connect(&timer, &QTimer::timeout, [&] { f.follower->Timer1_Timer(); });
+    QObject::connect(&timer, &QTimer::timeout, [&] { f.Logic().follower->Timer1_Timer(); });
     timer.start();
     const double before = CpuSeconds();
     QEventLoop loop;
     QTimer::singleShot(60000, &loop, &QEventLoop::quit);
     loop.exec();
     state.counters["cpu_seconds"] = CpuSeconds() - before;
-    state.counters["ticks"] = f.follower->TickCount();
+    state.counters["ticks"] = f.Logic().follower->TickCount();
   }
 }
 BENCHMARK(BM_IdleFollowingForSixtySeconds)->Iterations(1)->Unit(benchmark::kSecond);

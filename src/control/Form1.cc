@@ -1,44 +1,70 @@
 #include "control/Form1.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
 
-#include "about/desktop_link.h"
 #include "about/frmAbout.h"
-#include "about/tips.h"
-#include "about/usage.h"
-#include "config/history.h"
-#include "config/ini_file.h"
-#include "config/keys.h"
-#include "config/settings.h"
-#include "config/write_lock.h"
-#include "control/control_texts.h"
 #include "control/drawn_icons.h"
-#include "control/menu_position.h"
-#include "control/window_services.h"
-#include "diag/debug_log.h"
+#include "control/event_passes.h"
+#include "control/sound_player.h"
 #include "dialogs/frmInputBox.h"
 #include "dialogs/frmSettings.h"
-#include "display/filters.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
-#include "control/sound_player.h"
 #include "startup/session.h"
-#include "support/paths.h"
 
 namespace ferrow {
+namespace {
+
+// The text window as the control window's logic uses it; a child of the
+// window, so it goes with it.
+class TextWindowAdapter : public QObject, public TextWindowPort {
+ public:
+  explicit TextWindowAdapter(frmText* window) : QObject(window), window_(window) {}
+  frmText* window() const { return window_; }
+  TextBox& Box() override { return *window_->Rtf; }
+  void Load() override { window_->Form_Load(); }
+  void SetCaption(const std::string& caption) override { window_->setWindowTitle(ToQt(caption)); }
+  void Flash() override { QApplication::alert(window_, 500); }
+  void Close() override { window_->close(); }
+
+ private:
+  frmText* window_;
+};
+
+int KeyCode(const QKeyEvent* key) {
+  switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return key->modifiers() & Qt::ControlModifier ? keys_down::kLineFeed : keys_down::kEnter;
+    case Qt::Key_F1: return keys_down::kF1;
+    case Qt::Key_Delete: return keys_down::kDelete;
+    default: return key->key() < 0x100 ? key->key() : 0;
+  }
+}
+
+int ShiftState(const QKeyEvent* key) {
+  const Qt::KeyboardModifiers m = key->modifiers() & ~Qt::KeypadModifier;
+  return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
+}
+
+std::vector<std::string> DroppedFiles(const QMimeData* data) {
+  std::vector<std::string> names;
+  for (const QUrl& url : data->urls()) names.push_back(FromQt(url.toLocalFile()));
+  return names;
+}
+
+}  // namespace
 
 int TriStateBox::Value() const {
   switch (checkState()) {
@@ -61,15 +87,13 @@ Form1::Form1(Session& session, WindowServices& services, QWidget* parent)
     : QWidget(parent),
       session_(session),
       services_(services),
-      follower_(session, *this),
-      sound_(new SoundPlayer(this)) {
+      sound_(new SoundPlayer(this)),
+      logic_(session, *this, *this, services) {
   BuildControls();
   Connect();
-  open_settings = [this] { (new frmSettings(session_, *this, services_))->Form_Load(); };
-  open_about = [this] { (new frmAbout(session_, *this))->Form_Load(); };
 }
 
-Form1::~Form1() { delete text_window_.data(); }
+Form1::~Form1() = default;
 
 void Form1::BuildControls() {
   QStyle* st = style();
@@ -77,7 +101,6 @@ void Form1::BuildControls() {
     auto* b = new QToolButton(this);
     b->setIcon(icon);
     b->setIconSize(QSize(24, 24));
-    b->setAutoRaise(false);
     b->setToolTip(tip);
     b->installEventFilter(this);
     return b;
@@ -90,9 +113,9 @@ void Form1::BuildControls() {
   // pick from the list counts as picking.
   cmbFileName->setCompleter(nullptr);
   cmbFileName->setToolTip(tr("Type or pick the file to follow, or drop one here (SHIFT+DEL removes it from the list)"));
-  cmbFileName->installEventFilter(this);
-  cmbFileName->lineEdit()->installEventFilter(this);
-  cmbFileName->view()->installEventFilter(this);
+  for (QObject* o : {static_cast<QObject*>(cmbFileName), static_cast<QObject*>(cmbFileName->lineEdit()),
+                     static_cast<QObject*>(cmbFileName->view())})
+    o->installEventFilter(this);
   txtFileName = new QLineEdit(this);
   txtFileName->hide();  // a second entry field, kept for what it does to the Open button
 
@@ -144,226 +167,106 @@ void Form1::BuildControls() {
 }
 
 void Form1::Connect() {
-  connect(cmdOK, &QToolButton::clicked, this, [this] { OK_Click(); });
-  connect(cmdBrowse, &QToolButton::clicked, this, &Form1::cmdBrowse_Click);
-  connect(cmdOptions, &QToolButton::clicked, this, &Form1::cmdOptions_Click);
-  connect(cmdFilter, &QToolButton::clicked, this, &Form1::cmdFilter_Click);
-  connect(cmdPause, &QToolButton::clicked, this, [this] { follower_.cmdPause_Click(); });
-  connect(cmdAbout, &QToolButton::clicked, this, &Form1::cmdAbout_Click);
-  connect(cmdClose, &QToolButton::clicked, this, &Form1::cmdClose_Click);
-  connect(cmdLink, &QToolButton::clicked, this, &Form1::cmdLink_Click);
-  connect(Timer1, &QTimer::timeout, this, [this] {
-    if (!session_.gate.Closing()) follower_.Timer1_Timer();
-  });
-  connect(cmbFileName, &QComboBox::editTextChanged, this, [this] { cmbFileName_Change(); });
-  connect(cmbFileName, QOverload<int>::of(&QComboBox::activated), this, [this] { cmbFileName_Click(); });
-  connect(txtFileName, &QLineEdit::textChanged, this, [this] { txtFileName_Change(); });
-  Options& o = session_.options;
-  connect(chkFileStart, &QCheckBox::clicked, this, [this, &o] {
-    if (chkFileStart->Value() != 2) o.BringFromStartOfFile = chkFileStart->Value() == 1;
-  });
-  connect(chkMinimise, &QCheckBox::clicked, this, [this, &o] {
-    if (chkMinimise->Value() != 2) o.HideMenuOnStartup = chkMinimise->Value() == 1;
-  });
-  connect(chkPlaySound, &QCheckBox::clicked, this, [this, &o] {
-    if (chkPlaySound->Value() != 2) o.PlaySoundOnUpdate = chkPlaySound->Value() == 1;
-  });
+  ControlWindow& l = logic_;
+  connect(cmdOK, &QToolButton::clicked, this, [&l] { l.cmdOK_Click(); });
+  connect(cmdBrowse, &QToolButton::clicked, this, [&l] { l.cmdBrowse_Click(); });
+  connect(cmdOptions, &QToolButton::clicked, this, [&l] { l.cmdOptions_Click(); });
+  connect(cmdFilter, &QToolButton::clicked, this, [&l] { l.cmdFilter_Click(); });
+  connect(cmdPause, &QToolButton::clicked, this, [&l] { l.cmdPause_Click(); });
+  connect(cmdAbout, &QToolButton::clicked, this, [&l] { l.cmdAbout_Click(); });
+  connect(cmdClose, &QToolButton::clicked, this, [&l] { l.cmdClose_Click(); });
+  connect(cmdLink, &QToolButton::clicked, this, [&l] { l.cmdLink_Click(); });
+  connect(Timer1, &QTimer::timeout, this, [&l] { l.Timer1_Timer(); });
+  connect(cmbFileName, &QComboBox::editTextChanged, this, [&l] { l.cmbFileName_Change(); });
+  connect(cmbFileName, QOverload<int>::of(&QComboBox::activated), this, [&l] { l.cmbFileName_Click(); });
+  connect(txtFileName, &QLineEdit::textChanged, this, [&l] { l.txtFileName_Change(); });
+  connect(chkFileStart, &QCheckBox::clicked, this, [&l] { l.chkFileStart_Click(); });
+  connect(chkMinimise, &QCheckBox::clicked, this, [&l] { l.chkMinimise_Click(); });
+  connect(chkPlaySound, &QCheckBox::clicked, this, [&l] { l.chkPlaySound_Click(); });
 }
 
-void Form1::Form_Load() {
-  Options& o = session_.options;
-  ShowTip();
-  cmdLink->setEnabled(false);
-  cmdOK->setEnabled(false);
-  RefreshFilterToolTip();
-  DisableCheckBoxes();
-  Timer1->setInterval(o.TimerInterval);
-  Timer1->stop();
-  const QString name = ToQt(o.FileName);
-  cmbFileName->setEditText(name);
-  FillHistoryList();
-  cmbFileName->setEditText(name);
-  follower_.CheckPauseCaption();
-  ClearCheckBoxes();
-  if (!o.FileSection.empty()) LoadFileSettings(session_, o.IniFileName, o.FileSection);
-  adjustSize();
-  if (o.MenuX == 0 && o.MenuY == 0) CentreWindow(*this);
-  if (!o.FileName.empty() && o.HideMenuOnStartup) showMinimized();
-  else showNormal();
-  if (o.WaitOnStart) {
-    SetMenuCaption(std::string("Ferrow Waiting ") + std::to_string(o.WaitSeconds) + " seconds to start ...");
-    WaitSeconds(o.WaitSeconds);
+QWidget* Form1::Widget(Control control) const {
+  switch (control) {
+    case Control::cmbFileName: return cmbFileName;
+    case Control::txtFileName: return txtFileName;
+    case Control::lblDragDropTip: return lblDragDropTip;
+    case Control::cmdOK: return cmdOK;
+    case Control::cmdBrowse: return cmdBrowse;
+    case Control::cmdOptions: return cmdOptions;
+    case Control::cmdFilter: return cmdFilter;
+    case Control::cmdPause: return cmdPause;
+    case Control::cmdAbout: return cmdAbout;
+    case Control::cmdClose: return cmdClose;
+    case Control::cmdLink: return cmdLink;
+    case Control::chkFileStart: return chkFileStart;
+    case Control::chkMinimise: return chkMinimise;
+    case Control::chkPlaySound: return chkPlaySound;
   }
-  if (!o.FileName.empty()) OK_Click(true);
-  if (session_.gate.Closing()) return;  // closed while it waited or opened
-  EnableCheckBoxes();
-  EnableAllButtons();
+  return nullptr;
 }
 
-void Form1::WaitSeconds(int seconds) {
-  for (int i = 0; i < seconds * 10 && !session_.gate.Closing(); ++i) {
-    session_.env.LetEventsRun();
-    session_.env.SleepMs(100);
-  }
+Control Form1::ControlOf(QObject* watched) const {
+  if (watched == cmbFileName->lineEdit() || watched == cmbFileName->view()) return Control::cmbFileName;
+  for (Control c : {Control::cmbFileName, Control::cmdOK, Control::cmdBrowse, Control::cmdOptions,
+                    Control::cmdFilter, Control::cmdPause, Control::cmdAbout, Control::cmdClose,
+                    Control::cmdLink, Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound})
+    if (Widget(c) == watched) return c;
+  return Control::lblDragDropTip;
 }
 
-void Form1::cmdBrowse_Click() {
-  Timer1->stop();
-  Options& o = session_.options;
-  const std::string chosen = services_.OpenFileName(
-      "Select Log File", "Log Files|*.log|CSV Files|*.csv|Text Files|*.txt|All Files (*.*)|*.*|",
-      o.BrowseStartDir);
-  if (chosen.empty()) return;
-  FileOpened = false;
-  cmbFileName->setEditText(ToQt(chosen));
-  o.FileName = chosen;
-  o.BrowseStartDir = FolderPart(chosen);
-}
-
-void Form1::cmdFilter_Click() {
-  Options& o = session_.options;
-  const std::string answer = InputMsg(session_.env, "Enter filter words to highlight - separated by spaces",
-                                      "Text Highlighting Filter", o.FilterString);
-  if (session_.gate.Closing()) return;
-  if (answer.empty() || answer == o.FilterString) return;
-  o.FilterString = answer;
-  RebuildFilterWords(o);
-  SaveFileSettings(session_, o.FileSection);
-  follower_.FerrowRestart();
-  RefreshFilterToolTip();
-}
-
-void Form1::RefreshFilterToolTip() { cmdFilter->setToolTip(ToQt(FilterToolTip(session_.options))); }
-
-void Form1::cmdOptions_Click() {
-  DisableAllButtons();
-  DisableCheckBoxes();
-  if (open_settings) open_settings();
-}
-
-void Form1::cmdAbout_Click() {
-  DisableAllButtons();
-  DisableCheckBoxes();
-  if (open_about) open_about();
-}
-
-void Form1::cmdClose_Click() {
-  DisableAllButtons();
-  close();
-}
-
-void Form1::cmdLink_Click() {
-  const HelperLibrary none = HelperLibrary::None(session_.env);
-  CreateDesktopLink(session_, session_.helper ? *session_.helper : none, FileNameBoxText());
-}
-
-void Form1::DisableCheckBoxes() {
-  for (QWidget* w : {static_cast<QWidget*>(chkFileStart), static_cast<QWidget*>(chkMinimise),
-                     static_cast<QWidget*>(chkPlaySound), static_cast<QWidget*>(cmdOptions)})
-    w->setEnabled(false);
-}
-
-void Form1::EnableCheckBoxes() {
-  for (TriStateBox* box : {chkFileStart, chkMinimise, chkPlaySound}) box->setEnabled(true);
-}
-
-void Form1::SetCheckboxesDefault() {
-  Options& o = session_.options;
-  o.BringFromStartOfFile = o.FileDefaults.BringFromStartOfFile;
-  o.HideMenuOnStartup = o.FileDefaults.HideMenuOnStartup;
-  o.PlaySoundOnUpdate = o.FileDefaults.PlaySoundOnUpdate;
-  UpdateCheckboxes();
-}
-
-void Form1::ClearCheckBoxes() {
-  for (TriStateBox* box : {chkFileStart, chkMinimise, chkPlaySound}) box->SetValue(2);
-}
-
-void Form1::UpdateCheckboxes() {
-  const Options& o = session_.options;
-  chkFileStart->SetValue(o.BringFromStartOfFile ? 1 : 0);
-  chkMinimise->SetValue(o.HideMenuOnStartup ? 1 : 0);
-  chkPlaySound->SetValue(o.PlaySoundOnUpdate ? 1 : 0);
-}
-
-void Form1::DisableAllButtons() {
-  for (QToolButton* b : {cmdOK, cmdBrowse, cmdOptions, cmdFilter, cmdPause, cmdAbout, cmdClose, cmdLink})
-    b->setEnabled(false);
-  cmbFileName->setEnabled(false);
-}
-
-void Form1::EnableAllButtons() {
-  for (QToolButton* b : {cmdBrowse, cmdOptions, cmdFilter, cmdPause, cmdAbout, cmdClose})
-    b->setEnabled(true);
-  cmdOK->setEnabled(!cmbFileName->currentText().isEmpty());  // nothing to open without a name
-  cmbFileName->setEnabled(true);
-  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
-}
-
-// ENTER or line feed on a check box or on the About, Filter, Options and
-// Pause buttons opens the named file; F1 anywhere shows the help message.
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_F1) {
-      ShowUsage(session_);
+  const bool box = watched == cmbFileName || watched == cmbFileName->lineEdit();
+  switch (event->type()) {
+    case QEvent::KeyPress: {
+      auto* key = static_cast<QKeyEvent*>(event);
+      // In the dropped-down list only SHIFT+DEL is the box's; the rest moves in the list.
+      if (watched == cmbFileName->view() && KeyCode(key) != keys_down::kDelete) return false;
+      return logic_.KeyDown(ControlOf(watched), KeyCode(key), ShiftState(key));
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      if (watched != lblDragDropTip) break;
+      logic_.lblDragDropTip_Click();
       return true;
-    }
-    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    const bool shift_del = key->key() == Qt::Key_Delete && key->modifiers() == Qt::ShiftModifier;
-    if (watched == cmbFileName->view() && shift_del) {
-      cmbFileName_KeyDown(key->key(), key->modifiers());
-      return true;
-    }
-    if (watched == cmbFileName || watched == cmbFileName->lineEdit()) {
-      // Taken here, where the key first arrives, so that one ENTER opens once.
-      if (enter) {
-        cmbFileName_KeyPress(13);
-        return true;
-      }
-      cmbFileName_KeyDown(key->key(), key->modifiers());
-      return shift_del;
-    }
-    const bool opens = watched == cmdAbout || watched == cmdFilter || watched == cmdOptions ||
-                       watched == cmdPause || watched == chkFileStart || watched == chkMinimise ||
-                       watched == chkPlaySound;
-    if (enter && opens) {
-      OK_Click();
-      return true;
-    }
-  }
-  if (watched == lblDragDropTip &&
-      (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick)) {
-    ShowTip();
-    return true;
-  }
-  if (watched == cmbFileName || watched == cmbFileName->lineEdit()) {
-    if (event->type() == QEvent::FocusIn) QTimer::singleShot(0, cmbFileName->lineEdit(), &QLineEdit::selectAll);
-    if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
+    case QEvent::FocusIn:
+      if (box) QTimer::singleShot(0, this, [this] { logic_.cmbFileName_GotFocus(); });
+      break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove: {
       auto* drag = static_cast<QDragMoveEvent*>(event);
-      if (!drag->mimeData()->hasUrls()) return false;
+      if (!box || !drag->mimeData()->hasUrls()) break;
       drag->acceptProposedAction();
       return true;
     }
-    if (event->type() == QEvent::Drop) {
+    case QEvent::Drop: {
       auto* drop = static_cast<QDropEvent*>(event);
-      if (!drop->mimeData()->hasUrls()) return false;
-      QStringList names;
-      for (const QUrl& url : drop->mimeData()->urls()) names << url.toLocalFile();
+      if (!box || !drop->mimeData()->hasUrls()) break;
       drop->acceptProposedAction();
-      cmbFileName_OLEDragDrop(names);
+      logic_.cmbFileName_OLEDragDrop(DroppedFiles(drop->mimeData()));
       return true;
     }
+    default: break;
   }
   return QWidget::eventFilter(watched, event);
 }
 
+void Form1::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void Form1::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  logic_.Form_OLEDragDrop(DroppedFiles(event->mimeData()));
+}
+
+// The close box, a signal or the Close button: the unload runs now, or once
+// the running open, restart or Apply is over (the window stays till then).
 void Form1::closeEvent(QCloseEvent* event) {
-  if (!unloaded_) {
+  if (!logic_.Unloaded()) {
     in_close_event_ = true;
-    Form_Unload();
+    logic_.Form_Unload();
     in_close_event_ = false;
-    if (!unloaded_) {  // an open, restart or Apply is running: the unload follows it
+    if (!logic_.Unloaded()) {
       event->ignore();
       return;
     }
@@ -371,41 +274,28 @@ void Form1::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
 }
 
-void Form1::Form_Unload() {
-  session_.gate.RequestUnload([this] {
-    Unload();
-    if (!in_close_event_) close();
-  });
+void Form1::CloseWindow() {
+  if (!in_close_event_) close();
 }
 
-void Form1::Unload() {
-  unloaded_ = true;
-  Options& o = session_.options;
-  Timer1->stop();
-  DisableAllButtons();
-  program_closing_ = true;
-  UnloadTextWindow();
-  if (isMinimized()) RememberMenuPosition(o, 0, 0);  // keeps the last position
-  else RememberMenuPosition(o, PixelsToTwips(x(), this), PixelsToTwips(y(), this));
-  SetMenuCaption(MenuTitle(" - Saving Settings ..."));
-  o.HistoryTotal = static_cast<int16_t>(std::min(cmbFileName->count(), static_cast<int>(kHistoryLimit)));
-  if (o.Debug) LogEvent(session_, o.LogFileName, "** Unloading Main Form [" + o.FileSection + "] **");
-  if (!o.FileName.empty() && FileOpened) {
-    if (GetWriteLock(session_, 5)) {
-      SaveFileSettings(session_, o.FileSection);
-      SaveCommonSettings(session_);
-      ReleaseWriteLock(session_);
-    }
-    SetMenuCaption(MenuTitle(" - Updating History ..."));
-    SaveHistory(session_);  // this window's list, counted just above
-    SetMenuCaption(MenuTitle(" - Saving Settings ..."));
-  }
-  SetMenuCaption(MenuTitle(" - Exiting ..."));
-  UnloadAllForms();
-  if (on_unloaded) on_unloaded();
+TextWindowPort* Form1::NewTextWindow(ControlWindowPort& control) {
+  return new TextWindowAdapter(new frmText(session_, control));
 }
 
-void Form1::UnloadAllForms() {
+frmText* Form1::TextWindow() const {
+  auto* adapter = dynamic_cast<TextWindowAdapter*>(logic_.TextWindow());
+  return adapter ? adapter->window() : nullptr;
+}
+
+void Form1::OpenSettings(MenuPort& menu) { (new frmSettings(session_, menu, services_))->Form_Load(); }
+
+void Form1::OpenAbout(MenuPort& menu) { (new frmAbout(session_, menu))->Form_Load(); }
+
+std::string Form1::InputMsg(const std::string& prompt, const std::string& title, const std::string& edit) {
+  return ferrow::InputMsg(session_.env, prompt, title, edit);
+}
+
+void Form1::UnloadOtherWindows() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (window != this && window->isVisible()) window->close();
 }

@@ -1,22 +1,16 @@
-// The control window, the "Menu": the file name box with its history, the
-// buttons that drive the program, three check boxes for per-file options, and
-// the poll timer. It is also what the text window and the following engine
-// talk to, and it shows the captions and messages core asks for.
+// The control window in Qt: draws the controls and forwards every event to
+// ControlWindow, which decides what happens. It also makes the other windows
+// for it (WindowFactory).
 #pragma once
 
 #include <QCheckBox>
-#include <QPointer>
+#include <QIcon>
 #include <QWidget>
-#include <functional>
 #include <memory>
 
-#include "control/menu_port.h"
-#include "display/control_port.h"
-#include "display/frmText.h"
-#include "engine/follow_windows.h"
-#include "engine/follower.h"
-#include "support/random.h"
-#include "support/ui.h"
+#include "control/control_view.h"
+#include "control/control_window.h"
+#include "control/window_factory.h"
 
 class QComboBox;
 class QLabel;
@@ -28,6 +22,7 @@ namespace ferrow {
 
 class SoundPlayer;
 class WindowServices;
+class frmText;
 struct Session;
 
 // A check box whose third state, grayed, means "not set for this file": the
@@ -43,7 +38,7 @@ class TriStateBox : public QCheckBox {
   void nextCheckState() override;
 };
 
-class Form1 : public QWidget, public Ui, public ControlWindowPort, public FollowWindows, public MenuPort {
+class Form1 : public QWidget, public ControlView, public WindowFactory {
   Q_OBJECT
 
  public:
@@ -58,88 +53,49 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
   QIcon imgStop, imgGo;
   QLabel* lblDragDropTip;
 
-  bool FileOpened = false;
-  bool SuppressSettingsSave = false;  // the current file's settings are not saved on a switch
-  int16_t LastTip = 0;
+  ControlWindow& Logic() { return logic_; }
+  // The text window, when there is one.
+  frmText* TextWindow() const;
 
-  // The settings dialog and the about window, which open from here.
-  std::function<void()> open_settings;
-  std::function<void()> open_about;
-
-  frmText* TextWindow() const { return text_window_; }
-  Follower& follower() { return follower_; }
-
-  void Form_Load();
-  // Closing: now, or once the running open, restart or Apply is over.
-  void Form_Unload();
-  bool Unloaded() const { return unloaded_; }
-  // Called once the unload is done (the program ends its event loop here).
-  std::function<void()> on_unloaded;
-  void OK_Click(bool startup_mode = false, int16_t changed_cpu_interval = 0,
-                bool play_sound_change = false) override;
-
-  // Buttons.
-  void cmdBrowse_Click();
-  void cmdFilter_Click();
-  void cmdOptions_Click();
-  void cmdAbout_Click();
-  void cmdClose_Click();
-  void cmdLink_Click();
-  void RefreshFilterToolTip();
-
-  // Check boxes.
-  void DisableCheckBoxes();
-  void EnableCheckBoxes() override;
-  void SetCheckboxesDefault();
-  void ClearCheckBoxes();
-  void UpdateCheckboxes();
-  void DisableAllButtons();
-  void EnableAllButtons() override;
-
-  // The file name box (typing, picking, focus, keys, drops) and the tip label.
-  void cmbFileName_Change();
-  void cmbFileName_Click();
-  void cmbFileName_KeyDown(int key, Qt::KeyboardModifiers modifiers);
-  void cmbFileName_KeyPress(int character);
-  void cmbFileName_OLEDragDrop(const QStringList& names);
-  void Form_OLEDragDrop(const QStringList& names);
-  void txtFileName_Change();
-  void ShowTip();
-  void FillHistoryList();
-
-  // Ui: captions on this window, messages through the window services.
-  void SetMenuCaption(const std::string& caption) override;
-  std::string MenuCaption() override;
-  void RefreshMenu() override;
-  void ShowMessage(const std::string& text, const std::string& title, MessageIcon icon) override;
-  bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
-
-  // ControlWindowPort, for the text window.
-  void SetFileNameBox(const std::string& name) override;
-  void StopTimer() override;
-  void ShowNormalAndActivate() override;
-
-  // MenuPort, for the settings dialog and the about window.
-  void SetPlaySoundCheckBox(bool on) override { chkPlaySound->SetValue(on ? 1 : 0); }
-  void ClearHistoryList() override;
-  void RestartFollowing() override { follower_.RestartFollowing(); }
-  bool ProgramClosing() override { return program_closing_; }
-  void TextWindowClosed(const TextBox& box) override;
-
-  // FollowWindows, for the following engine.
-  TextBox& TextWindowBox() override;
-  bool StillShowing(const TextBox& box) override;
-  void SetTextWindowCaption(const std::string& caption) override;
-  void FlashTextWindow() override;
-  bool TimerEnabled() override;
-  void SetTimerEnabled(bool enabled) override;
+  // ControlView.
+  void SetCaption(const std::string& caption) override;
+  std::string Caption() override;
+  void Repaint() override;
+  bool Minimised() override;
+  int32_t LeftTwips() override;
+  int32_t TopTwips() override;
+  void MoveTwips(int32_t left, int32_t top) override;
+  void ShowNormal() override;
+  void ShowMinimised() override;
+  void BringToFront() override;
+  void CentreOnScreen() override;
+  void TrimSystemMenu() override {}  // a fixed-size window without maximise: nothing to trim
+  void CloseWindow() override;
+  void SetEnabled(Control control, bool enabled) override;
+  bool Enabled(Control control) override;
+  void SetToolTip(Control control, const std::string& tip) override;
+  int Value(Control control) override;
+  void SetValue(Control control, int value) override;
+  std::string Text(Control control) override;
+  void SetText(Control control, const std::string& text) override;
+  void SetPausePicture(bool following) override;
+  void SetList(const std::vector<std::string>& names) override;
+  std::vector<std::string> List() override;
+  int HighlightedListIndex() override;
+  void RemoveListItem(int index) override;
+  void SelectBoxText() override;
   void SetTimerInterval(int milliseconds) override;
-  void ShowPauseButton(bool following, const std::string& tool_tip) override;
-  std::string FileNameBoxText() override;
-  void ClearPlaySoundCheckBox() override;
-  void RefreshFilterCaption() override { RefreshFilterToolTip(); }
-  void StoreMenuPosition(Options& options) override;
+  void SetTimerEnabled(bool enabled) override;
+  bool TimerEnabled() override;
   bool PlaySoundFile(const std::string& file, bool loop) override;
+
+  // WindowFactory.
+  TextWindowPort* NewTextWindow(ControlWindowPort& control) override;
+  void OpenSettings(MenuPort& menu) override;
+  void OpenAbout(MenuPort& menu) override;
+  std::string InputMsg(const std::string& prompt, const std::string& title,
+                       const std::string& edit_string) override;
+  void UnloadOtherWindows() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -150,24 +106,13 @@ class Form1 : public QWidget, public Ui, public ControlWindowPort, public Follow
  private:
   void BuildControls();
   void Connect();
-  void OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change);
-  void Unload();
-  frmText& LoadTextWindow();
-  void UnloadTextWindow();
-  void WaitSeconds(int seconds);
-  void UnloadAllForms();
-  // The history entry the user sees: the highlighted one while the list is
-  // dropped down, else the one the box shows; -1 when none.
-  int ShownHistoryIndex() const;
+  QWidget* Widget(Control control) const;
+  Control ControlOf(QObject* watched) const;
 
   Session& session_;
   WindowServices& services_;
-  Follower follower_;
-  SystemRandom random_;
   SoundPlayer* sound_;
-  QPointer<frmText> text_window_;
-  bool program_closing_ = false;
-  bool unloaded_ = false;
+  ControlWindow logic_;
   bool in_close_event_ = false;
 };
 

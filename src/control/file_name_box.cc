@@ -1,97 +1,92 @@
 // The file name box with its history list, the plain name field, drops on
 // the window and on the box, and the tip label.
-#include <QAbstractItemView>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QToolButton>
-
 #include "about/shortcut_files.h"
 #include "about/tips.h"
 #include "config/history.h"
-#include "control/Form1.h"
-#include "display/qt_convert.h"
+#include "control/control_window.h"
 #include "startup/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
 
 namespace ferrow {
 
-void Form1::cmbFileName_Change() {
-  cmdLink->setEnabled(false);
-  if (cmbFileName->currentText().isEmpty()) return;  // an emptied box leaves Open as it was
-  cmdOK->setEnabled(true);
+void ControlWindow::cmbFileName_Change() {
+  view_.SetEnabled(Control::cmdLink, false);
+  if (FileNameBoxText().empty()) return;  // an emptied box leaves Open as it was
+  view_.SetEnabled(Control::cmdOK, true);
   ClearCheckBoxes();
-  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
+  view_.SetEnabled(Control::cmdLink, session_.options.HelperLibraryVersion > 0);
 }
 
-void Form1::cmbFileName_Click() {
-  if (!cmbFileName->currentText().isEmpty()) {
-    cmdOK->setEnabled(true);
+// Picking from the list, and only that: typing or dropping a name that is
+// also in the history is not picking it.
+void ControlWindow::cmbFileName_Click() {
+  if (!FileNameBoxText().empty()) {
+    view_.SetEnabled(Control::cmdOK, true);
     SetCheckboxesDefault();
     ClearCheckBoxes();
   } else {
-    cmdOK->setEnabled(false);
+    view_.SetEnabled(Control::cmdOK, false);
   }
-  cmdLink->setEnabled(session_.options.HelperLibraryVersion > 0);
+  view_.SetEnabled(Control::cmdLink, session_.options.HelperLibraryVersion > 0);
+}
+
+void ControlWindow::cmbFileName_GotFocus() { view_.SelectBoxText(); }
+
+void ControlWindow::cmbFileName_KeyPress(int character) {
+  if (character == 13) OK_Click();
 }
 
 // SHIFT+DEL removes the history entry the user sees, here and in the stored
 // history; what the box shows stays as it is.
-void Form1::cmbFileName_KeyDown(int key, Qt::KeyboardModifiers modifiers) {
-  if (key != Qt::Key_Delete || modifiers != Qt::ShiftModifier) return;
+void ControlWindow::cmbFileName_KeyDown(int key_code, int shift) {
+  if (key_code != keys_down::kDelete || shift != keys_down::kShift) return;
   const int index = ShownHistoryIndex();
   if (index < 0) return;
-  const std::string name = FromQt(cmbFileName->itemText(index));
+  const std::string name = view_.List()[static_cast<size_t>(index)];
   if (name.empty()) return;
   RemoveFromHistory(session_, name);
-  const QString shown = cmbFileName->currentText();
-  const QSignalBlocker quiet(cmbFileName);
-  cmbFileName->removeItem(index);
-  if (!cmbFileName->view()->isVisible()) cmbFileName->setEditText(shown);
+  view_.RemoveListItem(index);
 }
 
-int Form1::ShownHistoryIndex() const {
-  if (cmbFileName->view()->isVisible()) return cmbFileName->view()->currentIndex().row();
+int ControlWindow::ShownHistoryIndex() {
+  const int highlighted = view_.HighlightedListIndex();
+  if (highlighted >= 0) return highlighted;
+  const std::vector<std::string> list = view_.List();
+  const std::string shown = FileNameBoxText();
   // Names are compared without regard to case, as the history keeps them.
-  return cmbFileName->findText(cmbFileName->currentText(), Qt::MatchFixedString);
+  for (size_t i = 0; i < list.size(); ++i)
+    if (EqualsNoCase(list[i], shown)) return static_cast<int>(i);
+  return -1;
 }
 
-void Form1::cmbFileName_KeyPress(int character) {
-  if (character == 13) OK_Click();
-}
-
-void Form1::cmbFileName_OLEDragDrop(const QStringList& names) {
-  if (names.isEmpty() || names.first().isEmpty()) return;
-  const std::string name = FromQt(names.first());
+void ControlWindow::cmbFileName_OLEDragDrop(const std::vector<std::string>& names) {
+  if (names.empty() || names.front().empty()) return;
+  const std::string& name = names.front();
   SetFileNameBox(name);
   if (!IsShortcutFile(name) || !session_.helper) return;
   const std::string target = session_.helper->GetLinkTarget(name).value_or("");
   if (!target.empty() && FileExists(session_.env, target)) SetFileNameBox(target);
 }
 
-void Form1::Form_OLEDragDrop(const QStringList& names) {
-  if (!names.isEmpty()) SetFileNameBox(FromQt(names.first()));
+void ControlWindow::Form_OLEDragDrop(const std::vector<std::string>& names) {
+  if (!names.empty()) SetFileNameBox(names.front());
 }
 
-void Form1::txtFileName_Change() {
-  const std::string text = FromQt(txtFileName->text());
-  cmdOK->setEnabled(!text.empty());
+void ControlWindow::txtFileName_Change() {
+  const std::string text = view_.Text(Control::txtFileName);
+  view_.SetEnabled(Control::cmdOK, !text.empty());
   if (!text.empty()) session_.options.FileName = text;
 }
 
-void Form1::ShowTip() { lblDragDropTip->setText(ToQt(ferrow::ShowTip(LastTip, random_))); }
+void ControlWindow::ShowTip() { view_.SetText(Control::lblDragDropTip, ferrow::ShowTip(LastTip, random_)); }
 
-void Form1::FillHistoryList() {
-  const QString text = cmbFileName->currentText();
-  const QSignalBlocker quiet(cmbFileName);
-  cmbFileName->clear();
+void ControlWindow::FillHistoryList() {
   const Options& o = session_.options;
+  std::vector<std::string> names;
   for (int i = 0; i < o.HistoryTotal; ++i)
-    if (!o.HistoryList[static_cast<size_t>(i)].empty())
-      cmbFileName->addItem(ToQt(o.HistoryList[static_cast<size_t>(i)]));
-  cmbFileName->setEditText(text);
+    if (!o.HistoryList[static_cast<size_t>(i)].empty()) names.push_back(o.HistoryList[static_cast<size_t>(i)]);
+  view_.SetList(names);
 }
 
 }  // namespace ferrow

@@ -1,27 +1,22 @@
 // Opening a file: check the name, save the file followed so far, switch to
 // the new file's section, apply the check boxes and overrides, prepare the
 // text window, load the file's end and start following.
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTimer>
-#include <QToolButton>
-
 #include "config/history.h"
 #include "config/ini_file.h"
 #include "config/keys.h"
 #include "config/settings.h"
-#include "control/Form1.h"
 #include "control/control_texts.h"
+#include "control/control_window.h"
+#include "control/window_factory.h"
 #include "display/filters.h"
-#include "display/frmText.h"
-#include "display/qt_convert.h"
+#include "display/text_box.h"
 #include "startup/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
 
 namespace ferrow {
 
-void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
+void ControlWindow::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
   session_.gate.Run(WindowGate::Work::kOpen, [&] {
     OpenFile(startup_mode, changed_cpu_interval, play_sound_change);
   });
@@ -30,12 +25,12 @@ void Form1::OK_Click(bool startup_mode, int16_t changed_cpu_interval, bool play_
 // Every step that lets events run (message boxes, configuration writes, the
 // load) may see the program start closing; the open then stops there and
 // the unload follows.
-void Form1::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
+void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change) {
   Options& o = session_.options;
-  const WindowGate& gate = session_.gate;
   Env& env = session_.env;
-  Timer1->stop();
-  const std::string typed = FromQt(cmbFileName->currentText());
+  const WindowGate& gate = session_.gate;
+  view_.SetTimerEnabled(false);
+  const std::string typed = FileNameBoxText();
   if (!typed.empty()) o.FileName = typed;
   if (o.FileName.empty()) return;
   SetMenuCaption(MenuTitle(" - Checking file..."));
@@ -44,7 +39,7 @@ void Form1::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_
     ShowMessage(refusal->text, refusal->title, MessageIcon::Critical);
     if (refusal->clear_name) {
       o.FileName.clear();
-      cmbFileName->setEditText("");
+      view_.SetText(Control::cmbFileName, "");
     }
     return;
   }
@@ -79,34 +74,35 @@ void Form1::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_
   if (changed_cpu_interval > 0) o.TimerInterval = changed_cpu_interval;
   if (play_sound_change) o.PlaySoundOnUpdate = play_sound_change;
 
-  if (chkFileStart->Value() != 2) o.BringFromStartOfFile = chkFileStart->Value() == 1;
-  if (chkPlaySound->Value() != 2) o.PlaySoundOnUpdate = chkPlaySound->Value() == 1;
-  if (chkMinimise->Value() != 2) o.HideMenuOnStartup = chkMinimise->Value() == 1;
+  const auto apply = [this](Control box, bool& flag) {
+    if (view_.Value(box) != 2) flag = view_.Value(box) == 1;
+  };
+  apply(Control::chkFileStart, o.BringFromStartOfFile);
+  apply(Control::chkPlaySound, o.PlaySoundOnUpdate);
+  apply(Control::chkMinimise, o.HideMenuOnStartup);
   UpdateCheckboxes();
   RebuildFilterWords(o);
 
-  if (startup_mode && !isMinimized()) {
-    QPoint at = pos();
-    if (o.MenuX > 0) at.setX(TwipsToPixels(o.MenuX, this));
-    if (o.MenuY > 0) at.setY(TwipsToPixels(o.MenuY, this));
-    move(at);
+  if (startup_mode && !view_.Minimised()) {
+    view_.MoveTwips(o.MenuX > 0 ? o.MenuX : view_.LeftTwips(), o.MenuY > 0 ? o.MenuY : view_.TopTwips());
   }
-  if (o.HideMenuOnStartup) showMinimized();
-  else showNormal();
+  if (o.HideMenuOnStartup) view_.ShowMinimised();
+  else view_.ShowNormal();
 
-  frmText& text = LoadTextWindow();
+  TextWindowPort& text = LoadTextWindow();
   RefreshFilterToolTip();
-  text.Rtf->SetFontName(o.Font);
-  text.Rtf->SetFontSize(o.FontSize);
-  text.Rtf->SetFontBold(o.FontBold);
-  if (o.BringFromStartOfFile) follower_.LoadFileToTextBox(o.FileName, *text.Rtf, o.LinesToRead);
+  TextBox& box = text.Box();
+  box.SetFontName(o.Font);
+  box.SetFontSize(o.FontSize);
+  box.SetFontBold(o.FontBold);
+  if (o.BringFromStartOfFile) follower_.LoadFileToTextBox(o.FileName, box, o.LinesToRead);
   if (gate.Closing()) {  // the file is open: the unload that follows saves it and its history
     AddToHistory(o, o.FileName);
     FileOpened = true;
     return;
   }
   // The size at once, also when nothing was brought from the file.
-  if (StillShowing(*text.Rtf)) follower_.UpdateCaption();
+  if (StillShowing(box)) follower_.UpdateCaption();
 
   EnableAllButtons();
   EnableCheckBoxes();
@@ -115,7 +111,7 @@ void Form1::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_
   UpdateCheckboxes();
   ShowTip();
 
-  Timer1->setInterval(o.TimerInterval);
+  view_.SetTimerInterval(o.TimerInterval);
   SetTimerEnabled(true);
   follower_.CheckPauseCaption();
   FileOpened = true;

@@ -81,15 +81,15 @@ int main(int argc, char** argv) {
   const bool go_on = ferrow::RunStartup(session, args, state, [&] {
     session.helper = &state.library;
     form = std::make_unique<ferrow::Form1>(session, services);
-    ui.SetTarget(form.get());
+    ui.SetTarget(&form->Logic());
     options.FileName = options.LastFileSelected;
     CloseOnSignals(form.get());
-    form->on_unloaded = [] { QCoreApplication::quit(); };
-    form->Form_Load();
+    form->Logic().on_unloaded = [] { QCoreApplication::quit(); };
+    form->Logic().Form_Load();
   });
   if (!go_on) return 0;  // /? showed the usage and ends the program
   // Closed while it waited to start or opened its file: nothing is left to run.
-  if (form && form->Unloaded()) {
+  if (form && form->Logic().Unloaded()) {
     ui.SetTarget(nullptr);
     return 0;
   }

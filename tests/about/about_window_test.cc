@@ -18,12 +18,12 @@ class AboutWindow : public testing::Form1Test {
   AboutWindow() {
     options.UsageText = BuildUsageText(250);
     options.StartTime = std::time(nullptr);
-    form->Form_Load();
+    form->Logic().Form_Load();
   }
 };
 
 TEST_F(AboutWindow, ShowsCaptionTitleInformationAndTheWebsite) {
-  auto* about = new frmAbout(app, *form);
+  auto* about = new frmAbout(app, form->Logic());
   about->Form_Load();
   EXPECT_EQ(about->windowTitle().toStdString(), "About Ferrow for Windows");
   EXPECT_EQ(about->lblTitle->text().toStdString(), "Ferrow v1.46 - 30th June 2012");
@@ -34,7 +34,7 @@ TEST_F(AboutWindow, ShowsCaptionTitleInformationAndTheWebsite) {
 }
 
 TEST_F(AboutWindow, WebsiteChangesColourUnderTheMouseAndOpensOnClick) {
-  auto* about = new frmAbout(app, *form);
+  auto* about = new frmAbout(app, form->Logic());
   std::string opened;
   about->open_url = [&](const QString& address) { opened = address.toStdString(); };
   about->Form_Load();
@@ -53,7 +53,7 @@ TEST_F(AboutWindow, WebsiteChangesColourUnderTheMouseAndOpensOnClick) {
 }
 
 TEST_F(AboutWindow, EscapeOnOkClosesAndTheButtonsComeBack) {
-  form->cmdAbout_Click();
+  form->Logic().cmdAbout_Click();
   EXPECT_FALSE(form->cmdBrowse->isEnabled());
   frmAbout* about = nullptr;
   for (QWidget* w : QApplication::topLevelWidgets())
@@ -75,9 +75,9 @@ TEST_F(AboutWindow, UsageBoxMatchesTheStartUpUsageTextLineByLine) {
 // names a folder.
 TEST_F(AboutWindow, Screenshots) {
   const QByteArray folder = qgetenv("FERROW_SCREENSHOTS");
-  auto* about = new frmAbout(app, *form);
+  auto* about = new frmAbout(app, form->Logic());
   about->Form_Load();
-  auto* settings = new frmSettings(app, *form, services);
+  auto* settings = new frmSettings(app, form->Logic(), services);
   FillThemeTables(options.Themes);
   settings->Form_Load();
   if (!folder.isEmpty()) {

@@ -31,10 +31,10 @@ class FileNameBox : public Form1Test {
 TEST_F(FileNameBox, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowItsOwnPath) {
   const std::string target = MakeLog("target.log", "x");
   const std::string link = Shortcut(target);
-  form->Form_Load();
-  form->cmbFileName_OLEDragDrop({QString::fromStdString(link)});
+  form->Logic().Form_Load();
+  form->Logic().cmbFileName_OLEDragDrop({link});
   EXPECT_EQ(Box(), target);
-  form->Form_OLEDragDrop({QString::fromStdString(link)});
+  form->Logic().Form_OLEDragDrop({link});
   EXPECT_EQ(Box(), link);
 }
 
@@ -42,13 +42,13 @@ TEST_F(FileNameBox, DroppedShortcutWhoseTargetIsGoneLeavesItsOwnPath) {
   const std::string target = MakeLog("gone.log", "x");
   const std::string link = Shortcut(target);
   env.RemoveFile(target);
-  form->Form_Load();
-  form->cmbFileName_OLEDragDrop({QString::fromStdString(link)});
+  form->Logic().Form_Load();
+  form->Logic().cmbFileName_OLEDragDrop({link});
   EXPECT_EQ(Box(), link);
 }
 
 TEST_F(FileNameBox, DropEventsOnTheBoxAndTheWindowArriveAsFileNames) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile("/logs/one.log"), QUrl::fromLocalFile("/logs/two.log")});
   QDragEnterEvent enter(QPoint(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -57,13 +57,13 @@ TEST_F(FileNameBox, DropEventsOnTheBoxAndTheWindowArriveAsFileNames) {
   QDropEvent drop(QPointF(2, 2), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(form->cmbFileName->lineEdit(), &drop);
   EXPECT_EQ(Box(), "/logs/one.log");
-  EXPECT_FALSE(form->FileOpened);  // not opened until the user confirms
+  EXPECT_FALSE(form->Logic().FileOpened);  // not opened until the user confirms
 }
 
 TEST_F(FileNameBox, ShiftDelRemovesTheEntryFromTheListAndTheStoredHistory) {
   WriteIni("[Common]\r\nHistoryCount=2\r\nHistory1=/logs/a.log\r\nHistory2=/logs/b.log\r\n");
   LoadHistoryAtStartup(app);
-  form->Form_Load();
+  form->Logic().Form_Load();
   ASSERT_EQ(form->cmbFileName->count(), 2);
   form->cmbFileName->setCurrentIndex(0);
   Key(form->cmbFileName, Qt::Key_Delete);  // DEL alone: nothing special
@@ -80,21 +80,21 @@ TEST_F(FileNameBox, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesTheFile
   WriteIni("[Common]\r\nHistoryCount=1\r\nHistory1=" + log + "\r\n[picked.log]\r\nMenuX=10\r\n"
            "BringFromStartOfFile=True\r\n");
   LoadHistoryAtStartup(app);
-  form->Form_Load();
-  form->UpdateCheckboxes();
+  form->Logic().Form_Load();
+  form->Logic().UpdateCheckboxes();
   form->cmbFileName->setCurrentIndex(0);
-  form->cmbFileName_Click();
+  form->Logic().cmbFileName_Click();
   EXPECT_EQ(form->chkFileStart->Value(), 2);
   EXPECT_EQ(form->chkMinimise->Value(), 2);
   EXPECT_EQ(form->chkPlaySound->Value(), 2);
   EXPECT_TRUE(form->cmdOK->isEnabled());
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_TRUE(options.BringFromStartOfFile);
   EXPECT_EQ(form->chkFileStart->Value(), 1);
 }
 
 TEST_F(FileNameBox, TypingEnablesOpenAndTheLinkButtonWhenTheLibraryIsPresent) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   form->cmdOK->setEnabled(false);
   options.HelperLibraryVersion = 0;
   Type("/x/y.log");
@@ -111,14 +111,14 @@ TEST_F(FileNameBox, TypingEnablesOpenAndTheLinkButtonWhenTheLibraryIsPresent) {
 
 TEST_F(FileNameBox, EnterInTheBoxOpensTheFile) {
   const std::string log = MakeLog("enter.log", "x\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
-  EXPECT_TRUE(form->FileOpened);
+  EXPECT_TRUE(form->Logic().FileOpened);
 }
 
 TEST_F(FileNameBox, PlainNameFieldSetsTheFileNameAndTheOpenButton) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   form->txtFileName->setText("/logs/plain.log");
   EXPECT_EQ(options.FileName, "/logs/plain.log");
   EXPECT_TRUE(form->cmdOK->isEnabled());
@@ -127,12 +127,12 @@ TEST_F(FileNameBox, PlainNameFieldSetsTheFileNameAndTheOpenButton) {
 }
 
 TEST_F(FileNameBox, ClickingTheTipShowsAnotherOne) {
-  form->Form_Load();
-  int16_t before = form->LastTip;
+  form->Logic().Form_Load();
+  int16_t before = form->Logic().LastTip;
   QMouseEvent click(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton,
                     Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(form->lblDragDropTip, &click);
-  EXPECT_NE(form->LastTip, before);
+  EXPECT_NE(form->Logic().LastTip, before);
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class Form1Test : public SessionTest {
   Form1Test() {
     options.FileDefaults = static_cast<const FileOptions&>(options);
     form = std::make_unique<Form1>(app, services);
-    routed.SetTarget(form.get());
+    routed.SetTarget(&form->Logic());
   }
   ~Form1Test() override {
     form->close();
@@ -39,7 +39,7 @@ class Form1Test : public SessionTest {
     QKeyEvent press(QEvent::KeyPress, key, modifiers);
     QApplication::sendEvent(target, &press);
   }
-  std::string Caption() { return form->MenuCaption(); }
+  std::string Caption() { return form->Logic().MenuCaption(); }
 
   FakeServices services;
   RoutedUi routed{services};

@@ -17,7 +17,7 @@ using testing::Form1Test;
 std::string Usage() { return "Ferrow|Ferrow v1.46"; }
 
 TEST_F(Form1Test, LoadWithoutAFileWaitsForOne) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   EXPECT_FALSE(form->cmdOK->isEnabled());
   EXPECT_FALSE(form->Timer1->isActive());
   EXPECT_EQ(Caption(), "Ferrow Menu (Paused) - No file");
@@ -28,7 +28,7 @@ TEST_F(Form1Test, LoadWithoutAFileWaitsForOne) {
 
 TEST_F(Form1Test, F1OnAnyButtonOrCheckBoxShowsTheHelpMessage) {
   options.UsageText = "usage";
-  form->Form_Load();
+  form->Logic().Form_Load();
   for (QWidget* control : {static_cast<QWidget*>(form->cmdOK), static_cast<QWidget*>(form->cmdBrowse),
                            static_cast<QWidget*>(form->cmdClose), static_cast<QWidget*>(form->chkMinimise),
                            static_cast<QWidget*>(form->cmbFileName)})
@@ -39,11 +39,11 @@ TEST_F(Form1Test, F1OnAnyButtonOrCheckBoxShowsTheHelpMessage) {
 
 TEST_F(Form1Test, EnterOnACheckBoxOpensTheNamedFile) {
   const std::string log = MakeLog("web.log", "line\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   Key(form->chkFileStart, Qt::Key_Return);
   EXPECT_EQ(options.FileName, log);
-  EXPECT_TRUE(form->FileOpened);
+  EXPECT_TRUE(form->Logic().FileOpened);
   EXPECT_TRUE(form->Timer1->isActive());
   EXPECT_EQ(Caption(), "Ferrow Menu - web.log");
 }
@@ -52,13 +52,13 @@ TEST_F(Form1Test, CheckBoxClickedFromGrayToOnSetsItsFlagAndAGrayOneLeavesTheConf
   const std::string log = MakeLog("web.log", "one\r\ntwo\r\n");
   WriteINIFile(env, options.IniFileName, "web.log", "MenuX", "100");
   WriteINIFile(env, options.IniFileName, "web.log", "PlaySoundOnUpdate", "True");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   ASSERT_EQ(form->chkFileStart->Value(), 2);
   form->chkFileStart->click();
   EXPECT_EQ(form->chkFileStart->Value(), 1);
   EXPECT_TRUE(options.BringFromStartOfFile);
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_TRUE(options.BringFromStartOfFile);
   EXPECT_TRUE(options.PlaySoundOnUpdate);  // grayed: as the file's section said
   EXPECT_EQ(form->chkPlaySound->Value(), 1);
@@ -68,7 +68,7 @@ TEST_F(Form1Test, CheckBoxClickedFromGrayToOnSetsItsFlagAndAGrayOneLeavesTheConf
 TEST_F(Form1Test, ClosingAMinimisedControlWindowKeepsItsLastPosition) {
   options.MenuX = 1234;
   options.MenuY = 567;
-  form->Form_Load();
+  form->Logic().Form_Load();
   form->showMinimized();
   QApplication::processEvents();
   form->close();
@@ -78,39 +78,39 @@ TEST_F(Form1Test, ClosingAMinimisedControlWindowKeepsItsLastPosition) {
 
 TEST_F(Form1Test, AnEmptyFilterLeavesTheCurrentOneInForce) {
   options.FilterString = "ERROR";
-  form->Form_Load();
+  form->Logic().Form_Load();
   QTimer::singleShot(50, [] {
     if (frmInputBox* box = LoadedInputBox()) {
       box->txtInput->clear();
       box->cmdOK_Click();
     }
   });
-  form->cmdFilter_Click();
+  form->Logic().cmdFilter_Click();
   EXPECT_EQ(options.FilterString, "ERROR");
   EXPECT_EQ(form->cmdFilter->toolTip().toStdString(), "Filtering on \"ERROR\"");
 }
 
 TEST_F(Form1Test, NewFilterIsSavedAndShownInTheToolTip) {
   const std::string log = MakeLog("web.log", "x\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   QTimer::singleShot(50, [] {
     if (frmInputBox* box = LoadedInputBox()) {
       box->txtInput->setText("FATAL WARN");
       box->cmdOK_Click();
     }
   });
-  form->cmdFilter_Click();
+  form->Logic().cmdFilter_Click();
   EXPECT_EQ(options.FilterString, "FATAL WARN");
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "FilterString"), "FATAL WARN");
   EXPECT_EQ(form->cmdFilter->toolTip().toStdString(), "Filtering on \"FATAL WARN\"");
 }
 
 TEST_F(Form1Test, UnreachableUncPathGivesTheNetworkMessage) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type("\\\\server\\share\\app.log");
-  form->OK_Click();
+  form->Logic().OK_Click();
   ASSERT_EQ(services.messages.size(), 1u);
   EXPECT_EQ(services.messages[0],
             "File Access Error|Can't open UNC path for file: \\\\server\\share\\app.log\r\n"
@@ -119,18 +119,18 @@ TEST_F(Form1Test, UnreachableUncPathGivesTheNetworkMessage) {
 }
 
 TEST_F(Form1Test, MissingFileGivesTheNetworkDriveMessage) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(dir.File("none.log"));
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_EQ(services.messages.at(0), "File Access Error|Can't open: " + dir.File("none.log") +
                                          "\r\n\r\nIf this is a network drive then please check "
                                          "your are connected to the network");
 }
 
 TEST_F(Form1Test, OpeningAFolderClearsTheFileNameBox) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(dir.path());
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_EQ(services.messages.at(0), "Error|You selected a directory");
   EXPECT_EQ(form->cmbFileName->currentText().toStdString(), "");
   EXPECT_EQ(options.FileName, "");
@@ -138,16 +138,16 @@ TEST_F(Form1Test, OpeningAFolderClearsTheFileNameBox) {
 
 TEST_F(Form1Test, ReopeningTheSameFileDoesNotSaveButOpeningAnotherDoes) {
   const std::string a = MakeLog("a.log", "a\r\n"), b = MakeLog("b.log", "b\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(a);
-  form->OK_Click();
+  form->Logic().OK_Click();
   options.FontSize = 14;
   Type(a);
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "a.log", "FontSize"), "");
   options.FontSize = 14;
   Type(b);
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "a.log", "FontSize"), "14");
 }
 
@@ -155,10 +155,10 @@ TEST_F(Form1Test, FileWithoutASectionStartsFromTheDefaultsAndTheCheckBoxes) {
   const std::string log = MakeLog("new.log", "x\r\n");
   options.FontSize = 20;
   options.FileDefaults.FontSize = 10;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkPlaySound->click();  // gray -> on
-  form->OK_Click();
+  form->Logic().OK_Click();
   EXPECT_EQ(options.FontSize, 10);
   EXPECT_TRUE(options.PlaySoundOnUpdate);
   EXPECT_FALSE(options.BringFromStartOfFile);
@@ -167,14 +167,14 @@ TEST_F(Form1Test, FileWithoutASectionStartsFromTheDefaultsAndTheCheckBoxes) {
 TEST_F(Form1Test, BrowseFillsTheBoxAndRemembersTheFolder) {
   const std::string log = MakeLog("picked.log", "x\r\n");
   services.chosen = log;
-  form->Form_Load();
-  form->cmdBrowse_Click();
+  form->Logic().Form_Load();
+  form->Logic().cmdBrowse_Click();
   EXPECT_EQ(services.dialogs.at(0),
             "Select Log File|Log Files|*.log|CSV Files|*.csv|Text Files|*.txt|All Files (*.*)|*.*||c:\\");
   EXPECT_EQ(form->cmbFileName->currentText().toStdString(), log);
   EXPECT_EQ(options.BrowseStartDir, dir.path());
   EXPECT_FALSE(form->Timer1->isActive());
-  EXPECT_FALSE(form->FileOpened);
+  EXPECT_FALSE(form->Logic().FileOpened);
 }
 
 TEST_F(Form1Test, StartupFileOpensAtLoadAndTheWindowMinimisesWhenAsked) {
@@ -182,17 +182,17 @@ TEST_F(Form1Test, StartupFileOpensAtLoadAndTheWindowMinimisesWhenAsked) {
   options.FileName = log;
   options.HideMenuOnStartup = true;
   options.FileDefaults.HideMenuOnStartup = true;
-  form->Form_Load();
-  EXPECT_TRUE(form->FileOpened);
+  form->Logic().Form_Load();
+  EXPECT_TRUE(form->Logic().FileOpened);
   EXPECT_TRUE(form->isMinimized());
   EXPECT_TRUE(form->cmdOK->isEnabled());
 }
 
 TEST_F(Form1Test, FileDroppedOnTheTextWindowIsOpenedInANewOne) {
   const std::string first = MakeLog("first.log", "1\r\n"), second = MakeLog("second.log", "2\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(first);
-  form->OK_Click();
+  form->Logic().OK_Click();
   QPointer<frmText> old_window = form->TextWindow();
   ASSERT_TRUE(old_window);
   old_window->Rtf_OLEDragDrop({QString::fromStdString(second)});
@@ -206,9 +206,9 @@ TEST_F(Form1Test, FileDroppedOnTheTextWindowIsOpenedInANewOne) {
 
 TEST_F(Form1Test, ClosingTheTextWindowStopsFollowingAndTheNextUpdateBringsANewOne) {
   const std::string log = MakeLog("web.log", "1\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   QPointer<frmText> first = form->TextWindow();
   first->close();
   QApplication::processEvents();  // deleted once no handler runs
@@ -216,7 +216,7 @@ TEST_F(Form1Test, ClosingTheTextWindowStopsFollowingAndTheNextUpdateBringsANewOn
   EXPECT_FALSE(form->Timer1->isActive());
   form->cmdPause->click();  // resume
   testing::WriteBytes(log, "1\r\n2\r\n");
-  form->follower().Timer1_Timer();
+  form->Logic().follower().Timer1_Timer();
   ASSERT_TRUE(form->TextWindow());
   EXPECT_TRUE(form->TextWindow()->isVisible());
   EXPECT_EQ(form->TextWindow()->Rtf->Text(), "2\n");
@@ -227,7 +227,7 @@ TEST_F(Form1Test, StartDelayWaitsTheGivenSecondsWithEventsRunning) {
   options.WaitSeconds = 2;
   std::vector<std::string> seen;
   env.on_sleep = [&] { seen.push_back(Caption()); };
-  form->Form_Load();
+  form->Logic().Form_Load();
   EXPECT_EQ(env.sleeps, 20);
   EXPECT_EQ(env.slept_ms, 2000);
   ASSERT_FALSE(seen.empty());
@@ -236,9 +236,9 @@ TEST_F(Form1Test, StartDelayWaitsTheGivenSecondsWithEventsRunning) {
 
 TEST_F(Form1Test, OpeningWithOverridesTakesTheGivenIntervalAndSound) {
   const std::string log = MakeLog("web.log", "x\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click(false, 2000, true);
+  form->Logic().OK_Click(false, 2000, true);
   EXPECT_EQ(options.TimerInterval, 2000);
   EXPECT_EQ(form->Timer1->interval(), 2000);
   EXPECT_TRUE(options.PlaySoundOnUpdate);
@@ -248,9 +248,9 @@ TEST_F(Form1Test, OpeningWithOverridesTakesTheGivenIntervalAndSound) {
 TEST_F(Form1Test, ClosingWithDebugOnLogsTheUnload) {
   const std::string log = MakeLog("web.log", "x\r\n");
   options.Debug = options.LoggingEnabled = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   form->close();
   EXPECT_NE(testing::ReadBytes(options.LogFileName).find(",\"** Unloading Main Form [web.log] **\"\r\n"),
             std::string::npos);
@@ -258,9 +258,9 @@ TEST_F(Form1Test, ClosingWithDebugOnLogsTheUnload) {
 
 TEST_F(Form1Test, ClosingSavesSettingsCommonAndHistory) {
   const std::string log = MakeLog("web.log", "x\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   form->close();
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");

@@ -50,7 +50,7 @@ class LiveForm1Test : public ::testing::Test {
     options.FileDefaults = static_cast<const FileOptions&>(options);
     InstallEventsHook(env, session.gate);
     form = std::make_unique<Form1>(session, services);
-    routed.SetTarget(form.get());
+    routed.SetTarget(&form->Logic());
   }
   ~LiveForm1Test() override {
     form->close();

@@ -114,8 +114,8 @@ class Monkey : public ::testing::Test {
       InstallEventsHook(m.env, session.gate);
       m.services.gate = &session.gate;
       form = std::make_unique<Form1>(session, m.services);
-      routed.SetTarget(form.get());
-      form->Form_Load();
+      routed.SetTarget(&form->Logic());
+      form->Logic().Form_Load();
     }
     Options options;
     RoutedUi routed;
@@ -220,7 +220,7 @@ class Monkey : public ::testing::Test {
   // One user action; nested ones arrive inside whatever wait it starts.
   void Act() {
     Form1& f = *program->form;
-    if (f.Unloaded()) return;
+    if (f.Logic().Unloaded()) return;
     ++actions;
     const unsigned what = random() % 100;
     if (what < 55) ActOnControlWindow(f);
@@ -236,7 +236,7 @@ class Monkey : public ::testing::Test {
   }
   // A closed program: the configuration file reads back; then a new run.
   void CheckAndRestartIfClosed() {
-    if (!program->form->Unloaded()) return;
+    if (!program->form->Logic().Unloaded()) return;
     for (int i = 0; i < 20 && program->session.gate.DestroyPending(); ++i) QApplication::processEvents();
     std::string why;
     const std::string text = ReadBytes(ini);

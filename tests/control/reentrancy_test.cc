@@ -24,7 +24,7 @@ using testing::LiveForm1Test;
 TEST_F(LiveForm1Test, ClosingTheTextWindowDuringTheInitialLoadStopsTheLoadSafely) {
   const std::string log = MakeLongLog("big.log");
   options.BringFromStartOfFile = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(1);
   QPointer<frmText> loading;
@@ -33,10 +33,10 @@ TEST_F(LiveForm1Test, ClosingTheTextWindowDuringTheInitialLoadStopsTheLoadSafely
     ASSERT_TRUE(loading);
     loading->close();
   });
-  form->OK_Click();
+  form->Logic().OK_Click();
   ASSERT_TRUE(loading) << "deleted while the load still ran";
   EXPECT_EQ(form->TextWindow(), nullptr);
-  EXPECT_TRUE(form->FileOpened);
+  EXPECT_TRUE(form->Logic().FileOpened);
   EXPECT_TRUE(form->cmdOK->isEnabled());
   Settle();
   EXPECT_FALSE(loading) << "a closed window goes once no handler runs";
@@ -45,11 +45,11 @@ TEST_F(LiveForm1Test, ClosingTheTextWindowDuringTheInitialLoadStopsTheLoadSafely
 TEST_F(LiveForm1Test, SettingsClosedOrAppliedAgainDuringApplyIsSafeAndClosesOnce) {
   const std::string log = MakeLongLog("big.log");
   options.BringFromStartOfFile = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(1);
-  form->OK_Click();
-  form->cmdOptions_Click();
+  form->Logic().OK_Click();
+  form->Logic().cmdOptions_Click();
   QPointer<frmSettings> settings = Find<frmSettings>();
   ASSERT_TRUE(settings);
   bool buttons_came_back_early = false;
@@ -77,9 +77,9 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringTheStartDelayEndsItWithoutAFi
   options.WaitSeconds = 30;
   env.At(3, [&] { form->close(); });
   const auto start = std::chrono::steady_clock::now();
-  form->Form_Load();
+  form->Logic().Form_Load();
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-  EXPECT_TRUE(form->Unloaded());
+  EXPECT_TRUE(form->Logic().Unloaded());
   EXPECT_FALSE(form->isVisible());
 }
 
@@ -88,9 +88,9 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringTheStartDelayNeverOpensTheFil
   options.WaitOnStart = true;
   options.WaitSeconds = 30;
   env.At(3, [&] { form->close(); });
-  form->Form_Load();
-  EXPECT_TRUE(form->Unloaded());
-  EXPECT_FALSE(form->FileOpened);
+  form->Logic().Form_Load();
+  EXPECT_TRUE(form->Logic().Unloaded());
+  EXPECT_FALSE(form->Logic().FileOpened);
   EXPECT_FALSE(form->Timer1->isActive());
   EXPECT_EQ(form->TextWindow(), nullptr);
   EXPECT_FALSE(form->isVisible());
@@ -102,7 +102,7 @@ TEST_F(LiveForm1Test, AnOpenDuringAnOpenIsDroppedAndTheFileLoadsOnce) {
   const std::string log = MakeLongLog("big.log", 3000);
   const std::string other = MakeLog("other.log", "other\r\n");
   options.BringFromStartOfFile = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(1);
   QPointer<frmText> text;
@@ -111,11 +111,11 @@ TEST_F(LiveForm1Test, AnOpenDuringAnOpenIsDroppedAndTheFileLoadsOnce) {
     text = form->TextWindow();
     Type(other);
     Key(form->chkFileStart, Qt::Key_Return);  // ENTER on a check box opens the named file
-    form->follower().FerrowRestart();
-    form->OK_Click();
+    form->Logic().follower().FerrowRestart();
+    form->Logic().OK_Click();
     step = 1;
   });
-  form->OK_Click();
+  form->Logic().OK_Click();
   ASSERT_EQ(step, 1);
   ASSERT_TRUE(text);
   EXPECT_EQ(form->TextWindow(), text.data()) << "the window the open loaded is the one shown";
@@ -128,17 +128,17 @@ TEST_F(LiveForm1Test, AnOpenDuringAnOpenIsDroppedAndTheFileLoadsOnce) {
 TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAnOpenUnloadsAfterItAndSavesTheFile) {
   const std::string log = MakeLongLog("big.log", 3000);
   options.BringFromStartOfFile = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(1);
   DuringLoad(3, [&] { form->close(); });
-  form->OK_Click();
-  EXPECT_TRUE(form->Unloaded());
+  form->Logic().OK_Click();
+  EXPECT_TRUE(form->Logic().Unloaded());
   EXPECT_FALSE(form->Timer1->isActive());
   EXPECT_FALSE(form->isVisible());
   EXPECT_EQ(form->TextWindow(), nullptr);
-  form->follower().FerrowRestart();  // nothing starts again once closing
-  form->ShowNormalAndActivate();
+  form->Logic().follower().FerrowRestart();  // nothing starts again once closing
+  form->Logic().ShowNormalAndActivate();
   EXPECT_FALSE(form->Timer1->isActive());
   EXPECT_FALSE(form->isVisible());
   Settle();
@@ -150,13 +150,13 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAnOpenUnloadsAfterItAndSavesT
 TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAFilterRestartStopsFollowing) {
   const std::string log = MakeLongLog("big.log", 3000);
   options.BringFromStartOfFile = true;
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(1);
-  form->OK_Click();
+  form->Logic().OK_Click();
   DuringLoad(3, [&] { form->close(); });
-  form->follower().FerrowRestart();
-  EXPECT_TRUE(form->Unloaded());
+  form->Logic().follower().FerrowRestart();
+  EXPECT_TRUE(form->Logic().Unloaded());
   EXPECT_FALSE(form->Timer1->isActive());
 }
 

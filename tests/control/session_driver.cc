@@ -58,9 +58,9 @@ int main(int argc, char** argv) {
   std::unique_ptr<ferrow::Form1> form;
   ferrow::RunStartup(session, {file}, state, [&] {
     form = std::make_unique<ferrow::Form1>(session, services);
-    ui.SetTarget(form.get());
+    ui.SetTarget(&form->Logic());
     options.FileName = options.LastFileSelected;
-    form->Form_Load();
+    form->Logic().Form_Load();
   });
   std::cout << "opened" << std::endl;
 

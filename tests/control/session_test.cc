@@ -25,13 +25,13 @@ bool WaitFor(const std::function<bool()>& done) {
 
 TEST_F(Form1Test, WholeSessionFromTypingANameToItsSettingsComingBack) {
   const std::string log = MakeLog("web.log", "GET / 200\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
-  ASSERT_TRUE(form->FileOpened);
+  ASSERT_TRUE(form->Logic().FileOpened);
   options.FilterString = "ERROR";
   options.FontSize = 12;
-  form->follower().FerrowRestart();  // as the filter button does after a change
+  form->Logic().follower().FerrowRestart();  // as the filter button does after a change
 
   testing::WriteBytes(log, "GET / 200\r\nGET /x 404\r\nERROR in /y\r\n");
   frmText* text = form->TextWindow();
@@ -61,11 +61,11 @@ TEST_F(Form1Test, WholeSessionFromTypingANameToItsSettingsComingBack) {
   LoadCommonSettings(again, next.IniFileName);
   EXPECT_EQ(next.HistoryTotal, 1);
   Form1 second(again, services);
-  routed2.SetTarget(&second);
-  second.Form_Load();
+  routed2.SetTarget(&second.Logic());
+  second.Logic().Form_Load();
   EXPECT_EQ(second.cmbFileName->count(), 1);
   second.cmbFileName->setEditText(QString::fromStdString(log));
-  second.OK_Click();
+  second.Logic().OK_Click();
   EXPECT_EQ(next.FilterString, "ERROR");
   EXPECT_EQ(next.FontSize, 12);
   second.close();

@@ -57,7 +57,7 @@ class WhatOpens : public Form1Test {
 };
 
 TEST_F(WhatOpens, EnterInTheBoxOpensOnceWhereverTheKeyArrives) {
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(dir.File("missing.log"));
   Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
   EXPECT_EQ(services.messages.size(), 1u);
@@ -70,9 +70,9 @@ TEST_F(WhatOpens, TypingANameFromTheHistoryIsNotPickingItAndKeepsTheFilesCheckBo
   History({log});
   WriteINIFile(env, options.IniFileName, "app.log", "MenuX", "100");
   WriteINIFile(env, options.IniFileName, "app.log", "PlaySoundOnUpdate", "True");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   ASSERT_TRUE(options.PlaySoundOnUpdate);
   Type("");
   TypeKeys(log);
@@ -88,7 +88,7 @@ TEST_F(WhatOpens, TypedNameOpensAsTypedEvenWhenALongerOneIsInTheHistory) {
   const std::string log = MakeLog("app.log", "short\r\n");
   const std::string longer = MakeLog("app.log.1", "rotated\r\n");
   History({longer});
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type("");
   TypeKeys(log);
   EXPECT_EQ(Box(), log);
@@ -99,7 +99,7 @@ TEST_F(WhatOpens, TypedNameOpensAsTypedEvenWhenALongerOneIsInTheHistory) {
 
 TEST_F(WhatOpens, ShiftDelRemovesOnlyTheEntryTheBoxShows) {
   History({"/logs/a.log", "/logs/b.log", "/logs/c.log"});
-  form->Form_Load();
+  form->Logic().Form_Load();
   form->cmbFileName->setCurrentIndex(2);  // the last file opened, say
   Type("/logs/typed.log");
   Key(form->cmbFileName->lineEdit(), Qt::Key_Delete, Qt::ShiftModifier);
@@ -114,7 +114,7 @@ TEST_F(WhatOpens, ShiftDelRemovesOnlyTheEntryTheBoxShows) {
 
 TEST_F(WhatOpens, ShiftDelInTheDroppedDownListRemovesTheHighlightedEntry) {
   History({"/logs/a.log", "/logs/b.log", "/logs/c.log"});
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type("/logs/a.log");
   form->cmbFileName->showPopup();
   QAbstractItemView* list = form->cmbFileName->view();
@@ -126,21 +126,21 @@ TEST_F(WhatOpens, ShiftDelInTheDroppedDownListRemovesTheHighlightedEntry) {
 
 TEST_F(WhatOpens, TextWindowCaptionShowsTheSizeAtOnceWithoutBringingFromStart) {
   const std::string log = MakeLog("web.log", "0123456789\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   Type(log);
   form->chkFileStart->SetValue(0);
-  form->OK_Click();
+  form->Logic().OK_Click();
   ASSERT_TRUE(form->TextWindow());
   EXPECT_EQ(form->TextWindow()->windowTitle().toStdString(), "Ferrow - " + log + " (12 bytes) [0]");
 }
 
 TEST_F(WhatOpens, FileSettingsComeBackWhenTheWindowPositionIsUnknown) {
   const std::string log = MakeLog("web.log", "line\r\n");
-  form->Form_Load();
+  form->Logic().Form_Load();
   form->move(0, 0);  // as a window system that keeps positions to itself reports it
   ASSERT_EQ(form->pos(), QPoint(0, 0));
   Type(log);
-  form->OK_Click();
+  form->Logic().OK_Click();
   options.FilterString = "ERROR";
   form->close();
   EXPECT_FALSE(ReadINIFile(env, options.IniFileName, "web.log", "MenuX").empty());
@@ -151,10 +151,10 @@ TEST_F(WhatOpens, FileSettingsComeBackWhenTheWindowPositionIsUnknown) {
   RoutedUi routed2{services};
   Session again{env, next, routed2};
   Form1 second(again, services);
-  routed2.SetTarget(&second);
-  second.Form_Load();
+  routed2.SetTarget(&second.Logic());
+  second.Logic().Form_Load();
   second.cmbFileName->setEditText(QString::fromStdString(log));
-  second.OK_Click();
+  second.Logic().OK_Click();
   EXPECT_EQ(next.FilterString, "ERROR");
   second.close();
 }

@@ -9,6 +9,7 @@
 
 #include "config/ini_file.h"
 #include "control/form1_fixture.h"
+#include "display/frmText.h"
 #include "display/themes.h"
 
 namespace ferrow {
@@ -21,10 +22,10 @@ class SettingsDialog : public testing::Form1Test {
     ApplyDefaultTheme(options, options.Themes);
     options.FileDefaults = static_cast<const FileOptions&>(options);
     log = MakeLog("web.log", "line\r\n");
-    form->Form_Load();
+    form->Logic().Form_Load();
     Type(log);
-    form->OK_Click();
-    dialog = new frmSettings(app, *form, services);
+    form->Logic().OK_Click();
+    dialog = new frmSettings(app, form->Logic(), services);
     dialog->Form_Load();
   }
   std::string Stored(const std::string& key) { return ReadINIFile(env, options.IniFileName, "web.log", key); }
@@ -53,7 +54,7 @@ TEST_F(SettingsDialog, NiceModeThenCloseKeepsTheSlowRateButNotTheRunningTimer) {
   EXPECT_TRUE(options.NiceMode);
   dialog->cmdCancel_Click();
   EXPECT_EQ(form->Timer1->interval(), running);
-  form->follower().FerrowRestart();  // the next start of following
+  form->Logic().follower().FerrowRestart();  // the next start of following
   EXPECT_EQ(form->Timer1->interval(), 2000);
 }
 
@@ -86,7 +87,7 @@ TEST_F(SettingsDialog, EscapeInAnyControlClosesAndSavesEnterApplies) {
   EXPECT_TRUE(options.QuickScroll);
   EXPECT_EQ(Stored("QuickScroll"), "True");
   EXPECT_TRUE(form->cmdOptions->isEnabled());  // the control window is usable again
-  auto* second = new frmSettings(app, *form, services);
+  auto* second = new frmSettings(app, form->Logic(), services);
   second->Form_Load();
   second->optTheme[9]->setChecked(true);
   Key(second->optTheme[9], Qt::Key_Return);

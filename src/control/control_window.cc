@@ -1,0 +1,238 @@
+#include "control/control_window.h"
+
+#include "about/desktop_link.h"
+#include "about/product.h"
+#include "about/usage.h"
+#include "config/history.h"
+#include "config/keys.h"
+#include "config/settings.h"
+#include "config/write_lock.h"
+#include "control/control_texts.h"
+#include "control/menu_position.h"
+#include "control/window_factory.h"
+#include "control/window_services.h"
+#include "diag/debug_log.h"
+#include "display/filters.h"
+#include "startup/session.h"
+#include "support/paths.h"
+
+namespace ferrow {
+
+ControlWindow::ControlWindow(Session& session, ControlView& view, WindowFactory& windows,
+                             WindowServices& services)
+    : session_(session), view_(view), windows_(windows), services_(services), follower_(session, *this) {}
+
+ControlWindow::~ControlWindow() {
+  if (text_window_) text_window_->Close();
+}
+
+void ControlWindow::Form_Load() {
+  Options& o = session_.options;
+  ShowTip();
+  view_.SetEnabled(Control::cmdLink, false);
+  view_.SetEnabled(Control::cmdOK, false);
+  RefreshFilterToolTip();
+  DisableCheckBoxes();
+  view_.SetTimerInterval(o.TimerInterval);
+  view_.SetTimerEnabled(false);
+  view_.SetText(Control::cmbFileName, o.FileName);
+  FillHistoryList();
+  view_.SetText(Control::cmbFileName, o.FileName);
+  follower_.CheckPauseCaption();
+  ClearCheckBoxes();
+  if (!o.FileSection.empty()) LoadFileSettings(session_, o.IniFileName, o.FileSection);
+  if (o.MenuX == 0 && o.MenuY == 0) view_.CentreOnScreen();
+  view_.TrimSystemMenu();
+  if (!o.FileName.empty() && o.HideMenuOnStartup) view_.ShowMinimised();
+  else view_.ShowNormal();
+  if (o.WaitOnStart) {
+    SetMenuCaption(std::string(kProductName) + " Waiting " + std::to_string(o.WaitSeconds) +
+                   " seconds to start ...");
+    WaitSeconds(o.WaitSeconds);
+  }
+  if (!o.FileName.empty()) OK_Click(true);
+  if (session_.gate.Closing()) return;  // closed while it waited or opened
+  EnableCheckBoxes();
+  EnableAllButtons();
+}
+
+void ControlWindow::WaitSeconds(int seconds) {
+  for (int i = 0; i < seconds * 10 && !session_.gate.Closing(); ++i) {
+    session_.env.LetEventsRun();
+    session_.env.SleepMs(100);
+  }
+}
+
+void ControlWindow::Timer1_Timer() {
+  if (!session_.gate.Closing()) follower_.Timer1_Timer();
+}
+
+void ControlWindow::cmdBrowse_Click() {
+  view_.SetTimerEnabled(false);
+  Options& o = session_.options;
+  const std::string chosen = services_.OpenFileName(
+      "Select Log File", "Log Files|*.log|CSV Files|*.csv|Text Files|*.txt|All Files (*.*)|*.*|",
+      o.BrowseStartDir);
+  if (chosen.empty()) return;
+  FileOpened = false;
+  view_.SetText(Control::cmbFileName, chosen);
+  o.FileName = chosen;
+  o.BrowseStartDir = FolderPart(chosen);
+}
+
+void ControlWindow::cmdFilter_Click() {
+  Options& o = session_.options;
+  const std::string answer = windows_.InputMsg("Enter filter words to highlight - separated by spaces",
+                                               "Text Highlighting Filter", o.FilterString);
+  if (session_.gate.Closing()) return;
+  if (answer.empty() || answer == o.FilterString) return;
+  o.FilterString = answer;
+  RebuildFilterWords(o);
+  SaveFileSettings(session_, o.FileSection);
+  follower_.FerrowRestart();
+  RefreshFilterToolTip();
+}
+
+void ControlWindow::RefreshFilterToolTip() {
+  view_.SetToolTip(Control::cmdFilter, FilterToolTip(session_.options));
+}
+
+void ControlWindow::cmdOptions_Click() {
+  DisableAllButtons();
+  DisableCheckBoxes();
+  windows_.OpenSettings(*this);
+}
+
+void ControlWindow::cmdAbout_Click() {
+  DisableAllButtons();
+  DisableCheckBoxes();
+  windows_.OpenAbout(*this);
+}
+
+void ControlWindow::cmdClose_Click() {
+  DisableAllButtons();
+  Form_Unload();
+}
+
+void ControlWindow::cmdLink_Click() {
+  const HelperLibrary none = HelperLibrary::None(session_.env);
+  CreateDesktopLink(session_, session_.helper ? *session_.helper : none, FileNameBoxText());
+}
+
+void ControlWindow::CheckBoxClicked(Control box) {
+  const int value = view_.Value(box);
+  if (value == 2) return;  // a grayed box changes nothing
+  Options& o = session_.options;
+  bool& flag = box == Control::chkFileStart ? o.BringFromStartOfFile
+               : box == Control::chkMinimise ? o.HideMenuOnStartup
+                                             : o.PlaySoundOnUpdate;
+  flag = value == 1;
+}
+
+void ControlWindow::DisableCheckBoxes() {
+  for (Control c : {Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound, Control::cmdOptions})
+    view_.SetEnabled(c, false);
+}
+
+void ControlWindow::EnableCheckBoxes() {
+  for (Control c : {Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound})
+    view_.SetEnabled(c, true);
+}
+
+void ControlWindow::SetCheckboxesDefault() {
+  Options& o = session_.options;
+  o.BringFromStartOfFile = o.FileDefaults.BringFromStartOfFile;
+  o.HideMenuOnStartup = o.FileDefaults.HideMenuOnStartup;
+  o.PlaySoundOnUpdate = o.FileDefaults.PlaySoundOnUpdate;
+  UpdateCheckboxes();
+}
+
+void ControlWindow::ClearCheckBoxes() {
+  for (Control c : {Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound}) view_.SetValue(c, 2);
+}
+
+void ControlWindow::UpdateCheckboxes() {
+  const Options& o = session_.options;
+  view_.SetValue(Control::chkFileStart, o.BringFromStartOfFile ? 1 : 0);
+  view_.SetValue(Control::chkMinimise, o.HideMenuOnStartup ? 1 : 0);
+  view_.SetValue(Control::chkPlaySound, o.PlaySoundOnUpdate ? 1 : 0);
+}
+
+void ControlWindow::DisableAllButtons() {
+  for (Control c : {Control::cmdOK, Control::cmdBrowse, Control::cmdOptions, Control::cmdFilter,
+                    Control::cmdPause, Control::cmdAbout, Control::cmdClose, Control::cmdLink,
+                    Control::cmbFileName})
+    view_.SetEnabled(c, false);
+}
+
+void ControlWindow::EnableAllButtons() {
+  for (Control c : {Control::cmdBrowse, Control::cmdOptions, Control::cmdFilter, Control::cmdPause,
+                    Control::cmdAbout, Control::cmdClose, Control::cmbFileName})
+    view_.SetEnabled(c, true);
+  view_.SetEnabled(Control::cmdOK, !FileNameBoxText().empty());  // nothing to open without a name
+  view_.SetEnabled(Control::cmdLink, session_.options.HelperLibraryVersion > 0);
+}
+
+// ENTER or line feed on a check box or on the About, Filter, Options and
+// Pause buttons opens the named file; F1 anywhere shows the help message.
+bool ControlWindow::KeyDown(Control control, int key_code, int shift) {
+  using namespace keys_down;
+  if (key_code == kF1) {
+    ShowUsage(session_);
+    return true;
+  }
+  if (control == Control::cmbFileName) {
+    // Taken here, where the key first arrives, so that one ENTER opens once.
+    if (key_code == kEnter) {
+      cmbFileName_KeyPress(13);
+      return true;
+    }
+    cmbFileName_KeyDown(key_code, shift);
+    return key_code == kDelete && shift == kShift;
+  }
+  const bool opens = control == Control::cmdAbout || control == Control::cmdFilter ||
+                     control == Control::cmdOptions || control == Control::cmdPause ||
+                     control == Control::chkFileStart || control == Control::chkMinimise ||
+                     control == Control::chkPlaySound;
+  if ((key_code == kEnter || key_code == kLineFeed) && opens) {
+    OK_Click();
+    return true;
+  }
+  return false;
+}
+
+void ControlWindow::Form_Unload() {
+  session_.gate.RequestUnload([this] {
+    Unload();
+    view_.CloseWindow();
+  });
+}
+
+void ControlWindow::Unload() {
+  unloaded_ = true;
+  Options& o = session_.options;
+  view_.SetTimerEnabled(false);
+  DisableAllButtons();
+  program_closing_ = true;
+  UnloadTextWindow();
+  if (view_.Minimised()) RememberMenuPosition(o, 0, 0);  // keeps the last position
+  else RememberMenuPosition(o, view_.LeftTwips(), view_.TopTwips());
+  SetMenuCaption(MenuTitle(" - Saving Settings ..."));
+  o.HistoryTotal = static_cast<int16_t>(std::min(view_.List().size(), static_cast<size_t>(kHistoryLimit)));
+  if (o.Debug) LogEvent(session_, o.LogFileName, "** Unloading Main Form [" + o.FileSection + "] **");
+  if (!o.FileName.empty() && FileOpened) {
+    if (GetWriteLock(session_, 5)) {
+      SaveFileSettings(session_, o.FileSection);
+      SaveCommonSettings(session_);
+      ReleaseWriteLock(session_);
+    }
+    SetMenuCaption(MenuTitle(" - Updating History ..."));
+    SaveHistory(session_);  // this window's list, counted just above
+    SetMenuCaption(MenuTitle(" - Saving Settings ..."));
+  }
+  SetMenuCaption(MenuTitle(" - Exiting ..."));
+  windows_.UnloadOtherWindows();
+  if (on_unloaded) on_unloaded();
+}
+
+}  // namespace ferrow
