@@ -1,0 +1,328 @@
+// The control window's behaviour against a recording view: keys, check
+// boxes, opening, the file name box, drops, the unload, and user actions
+// that arrive while its waits let events run.
+#include <gtest/gtest.h>
+
+#include "about/helper_library.h"
+#include "config/history.h"
+#include "config/ini_file.h"
+#include "control/fake_control_view.h"
+#include "control/fake_services.h"
+#include "control/window_services.h"
+#include "testing/session_fixture.h"
+
+namespace ferrow {
+namespace {
+
+using testing::FakeControlView;
+using testing::FakeServices;
+using testing::FakeWindowFactory;
+
+class ControlWindowTest : public testing::SessionTest {
+ protected:
+  ControlWindowTest() {
+    options.FileDefaults = static_cast<const FileOptions&>(options);
+    view.logic = &menu;
+    routed.SetTarget(&menu);
+  }
+  std::string MakeLog(const std::string& name, const std::string& text) {
+    const std::string path = dir.File(name);
+    testing::WriteBytes(path, text);
+    return path;
+  }
+  void Type(const std::string& name) { view.SetText(Control::cmbFileName, name); }
+  std::string Box() { return view.Text(Control::cmbFileName); }
+  void History(const std::vector<std::string>& names) {
+    std::string ini = "[Common]\r\nHistoryCount=" + std::to_string(names.size()) + "\r\n";
+    for (size_t i = 0; i < names.size(); ++i)
+      ini += "History" + std::to_string(i + 1) + "=" + names[i] + "\r\n";
+    WriteIni(ini);
+    LoadHistoryAtStartup(app);
+  }
+  std::string Shown() { return windows.Last() ? windows.Last()->box.text : ""; }
+
+  FakeServices services;
+  RoutedUi routed{services};
+  Session app{env, options, routed};
+  FakeControlView view;
+  FakeWindowFactory windows;
+  ControlWindow menu{app, view, windows, services};
+};
+
+const std::string kUsageTitle = "Ferrow|Ferrow v1.46";
+
+TEST_F(ControlWindowTest, F1OnAnyButtonOrCheckBoxShowsTheHelpMessage) {
+  menu.Form_Load();
+  for (Control c : {Control::cmdOK, Control::cmdBrowse, Control::cmdClose, Control::chkMinimise,
+                    Control::cmbFileName, Control::cmdPause})
+    EXPECT_TRUE(menu.KeyDown(c, keys_down::kF1, 0));
+  ASSERT_EQ(services.messages.size(), 6u);
+  for (const std::string& m : services.messages) EXPECT_EQ(m.rfind(kUsageTitle, 0), 0u) << m;
+}
+
+TEST_F(ControlWindowTest, EnterOnACheckBoxOpensTheNamedFile) {
+  const std::string log = MakeLog("web.log", "line\r\n");
+  menu.Form_Load();
+  Type(log);
+  EXPECT_TRUE(menu.KeyDown(Control::chkFileStart, keys_down::kEnter, 0));
+  EXPECT_TRUE(menu.FileOpened);
+  EXPECT_TRUE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu - web.log");
+}
+
+TEST_F(ControlWindowTest, EnterOnBrowseCloseOrOpenDoesNothing) {
+  const std::string log = MakeLog("web.log", "line\r\n");
+  menu.Form_Load();
+  Type(log);
+  for (Control c : {Control::cmdBrowse, Control::cmdClose, Control::cmdOK})
+    EXPECT_FALSE(menu.KeyDown(c, keys_down::kEnter, 0));
+  EXPECT_FALSE(menu.FileOpened);
+}
+
+TEST_F(ControlWindowTest, GrayedCheckBoxClickedOnSetsItsFlagAndOneLeftGrayedKeepsTheConfiguredValue) {
+  const std::string log = MakeLog("web.log", "one\r\ntwo\r\n");
+  WriteINIFile(env, options.IniFileName, "web.log", "MenuX", "100");
+  WriteINIFile(env, options.IniFileName, "web.log", "PlaySoundOnUpdate", "True");
+  menu.Form_Load();
+  Type(log);
+  ASSERT_EQ(view.Value(Control::chkFileStart), 2);
+  view.Click(Control::chkFileStart);
+  EXPECT_TRUE(options.BringFromStartOfFile);
+  menu.OK_Click();
+  EXPECT_TRUE(options.BringFromStartOfFile);
+  EXPECT_TRUE(options.PlaySoundOnUpdate);  // grayed: as the file's section said
+  EXPECT_EQ(view.Value(Control::chkPlaySound), 1);
+  EXPECT_EQ(Shown(), "one\ntwo\n");
+}
+
+TEST_F(ControlWindowTest, ClosingAMinimisedControlWindowKeepsItsLastPosition) {
+  options.MenuX = 1234;
+  options.MenuY = 567;
+  menu.Form_Load();
+  view.minimised = true;
+  view.left = view.top = 30000;  // where a minimised window is parked
+  menu.Form_Unload();
+  EXPECT_EQ(options.MenuX, 1234);
+  EXPECT_EQ(options.MenuY, 567);
+  EXPECT_TRUE(view.closed);
+}
+
+TEST_F(ControlWindowTest, EnteringAnEmptyFilterLeavesTheCurrentFilterInForce) {
+  options.FilterString = "ERROR";
+  menu.Form_Load();
+  windows.answer = "";
+  menu.cmdFilter_Click();
+  EXPECT_EQ(options.FilterString, "ERROR");
+  ASSERT_EQ(windows.asked.size(), 1u);
+  EXPECT_EQ(windows.asked[0], "Text Highlighting Filter|Enter filter words to highlight - separated by spaces|ERROR");
+  EXPECT_EQ(view.controls[Control::cmdFilter].tip, "Filtering on \"ERROR\"");
+}
+
+TEST_F(ControlWindowTest, NewFilterIsSavedAndShownInTheToolTip) {
+  const std::string log = MakeLog("web.log", "x\r\n");
+  menu.Form_Load();
+  Type(log);
+  menu.OK_Click();
+  windows.answer = "FATAL WARN";
+  menu.cmdFilter_Click();
+  EXPECT_EQ(options.FilterString, "FATAL WARN");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "FilterString"), "FATAL WARN");
+  EXPECT_EQ(view.controls[Control::cmdFilter].tip, "Filtering on \"FATAL WARN\"");
+}
+
+TEST_F(ControlWindowTest, OpeningAnUnreachableUncPathShowsTheUncMessage) {
+  menu.Form_Load();
+  Type("\\\\server\\share\\app.log");
+  menu.OK_Click();
+  ASSERT_EQ(services.messages.size(), 1u);
+  EXPECT_EQ(services.messages[0],
+            "File Access Error|Can't open UNC path for file: \\\\server\\share\\app.log\r\n"
+            "Please check your are connected to the network");
+  EXPECT_FALSE(view.timer);
+}
+
+TEST_F(ControlWindowTest, OpeningAFolderClearsTheFileNameBox) {
+  menu.Form_Load();
+  Type(dir.path());
+  menu.OK_Click();
+  EXPECT_EQ(services.messages.at(0), "Error|You selected a directory");
+  EXPECT_EQ(Box(), "");
+  EXPECT_EQ(options.FileName, "");
+}
+
+TEST_F(ControlWindowTest, ReopeningTheSameFileDoesNotSaveItsSettingsFirstButOpeningAnotherDoes) {
+  const std::string a = MakeLog("a.log", "a\r\n");
+  const std::string b = MakeLog("b.log", "b\r\n");
+  menu.Form_Load();
+  Type(a);
+  menu.OK_Click();
+  options.FilterString = "CHANGED";
+  menu.OK_Click();  // the same file: its settings are not saved first
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "a.log", "FilterString"), "");
+  options.FilterString = "CHANGED";
+  Type(b);
+  menu.OK_Click();
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "a.log", "FilterString"), "CHANGED");
+}
+
+TEST_F(ControlWindowTest, FileWithoutASectionStartsFromTheDefaultsOverriddenByTheCheckBoxes) {
+  const std::string log = MakeLog("new.log", "x\r\n");
+  options.FilterString = "LEFTOVER";
+  options.FileDefaults.FilterString = "";
+  menu.Form_Load();
+  Type(log);
+  view.Click(Control::chkPlaySound);
+  menu.OK_Click();
+  EXPECT_EQ(options.FilterString, "");
+  EXPECT_TRUE(options.PlaySoundOnUpdate);
+}
+
+TEST_F(ControlWindowTest, EnterInTheBoxOpensOnce) {
+  menu.Form_Load();
+  Type(dir.File("missing.log"));
+  EXPECT_TRUE(menu.KeyDown(Control::cmbFileName, keys_down::kEnter, 0));
+  EXPECT_EQ(services.messages.size(), 1u);
+}
+
+TEST_F(ControlWindowTest, ShiftDelOnAHistoryEntryRemovesItFromTheListAndTheStoredHistory) {
+  History({"/logs/a.log", "/logs/b.log"});
+  menu.Form_Load();
+  Type("/logs/a.log");
+  EXPECT_FALSE(menu.KeyDown(Control::cmbFileName, keys_down::kDelete, 0));  // DEL alone: nothing special
+  EXPECT_EQ(view.list.size(), 2u);
+  EXPECT_TRUE(menu.KeyDown(Control::cmbFileName, keys_down::kDelete, keys_down::kShift));
+  EXPECT_EQ(view.list, std::vector<std::string>{"/logs/b.log"});
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), "/logs/b.log");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");
+}
+
+TEST_F(ControlWindowTest, ShiftDelRemovesTheHighlightedEntryOrTheShownOneButNeverAnother) {
+  History({"/logs/a.log", "/logs/b.log", "/logs/c.log"});
+  menu.Form_Load();
+  Type("/logs/typed.log");
+  menu.KeyDown(Control::cmbFileName, keys_down::kDelete, keys_down::kShift);
+  EXPECT_EQ(view.list.size(), 3u);
+  view.highlighted = 1;  // the list is dropped down on b.log
+  menu.KeyDown(Control::cmbFileName, keys_down::kDelete, keys_down::kShift);
+  EXPECT_EQ(view.list, (std::vector<std::string>{"/logs/a.log", "/logs/c.log"}));
+  view.highlighted = -1;
+  Type("/LOGS/C.LOG");
+  menu.KeyDown(Control::cmbFileName, keys_down::kDelete, keys_down::kShift);
+  EXPECT_EQ(view.list, std::vector<std::string>{"/logs/a.log"});
+  EXPECT_EQ(Box(), "/LOGS/C.LOG");
+}
+
+TEST_F(ControlWindowTest, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesTheFilesSettings) {
+  const std::string log = MakeLog("picked.log", "x\r\n");
+  WriteIni("[Common]\r\nHistoryCount=1\r\nHistory1=" + log + "\r\n[picked.log]\r\nMenuX=10\r\n"
+           "PlaySoundOnUpdate=True\r\nFilterString=PICKED\r\n");
+  LoadHistoryAtStartup(app);
+  menu.Form_Load();
+  view.Pick(0);
+  for (Control c : {Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound})
+    EXPECT_EQ(view.Value(c), 2);
+  EXPECT_TRUE(view.Enabled(Control::cmdOK));
+  menu.OK_Click();
+  EXPECT_EQ(options.FilterString, "PICKED");
+  EXPECT_TRUE(options.PlaySoundOnUpdate);
+}
+
+TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowItsOwnPath) {
+  HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
+  app.helper = &library;
+  const std::string target = MakeLog("target.log", "x");
+  const std::string link = dir.File("target.lnk");
+  ASSERT_NE(library.CreateShortcut(target, link, "", "", "", 1, -1).value_or(0), 0);
+  menu.Form_Load();
+  menu.cmbFileName_OLEDragDrop({link});
+  EXPECT_EQ(Box(), target);
+  menu.Form_OLEDragDrop({link});
+  EXPECT_EQ(Box(), link);
+  env.RemoveFile(target);
+  menu.cmbFileName_OLEDragDrop({link});
+  EXPECT_EQ(Box(), link) << "a shortcut whose target is gone leaves its own path";
+  EXPECT_FALSE(menu.FileOpened);  // not opened until the user confirms
+}
+
+TEST_F(ControlWindowTest, TextWindowCaptionShowsTheSizeAtOnceWithoutBringingFromStart) {
+  const std::string log = MakeLog("web.log", "0123456789\r\n");
+  menu.Form_Load();
+  Type(log);
+  view.SetValue(Control::chkFileStart, 0);
+  menu.OK_Click();
+  ASSERT_TRUE(windows.Last());
+  EXPECT_EQ(windows.Last()->caption, "Ferrow - " + log + " (12 bytes) [0]");
+}
+
+TEST_F(ControlWindowTest, ASectionWrittenWhereThePositionIsUnknownStillHoldsMenuX) {
+  const std::string log = MakeLog("web.log", "line\r\n");
+  menu.Form_Load();
+  Type(log);
+  menu.OK_Click();  // the view's position reads 0, 0
+  menu.Form_Unload();
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "MenuX"), "1");
+}
+
+TEST_F(ControlWindowTest, ClosingDuringTheStartDelayEndsTheWaitAndNeverOpensTheFile) {
+  options.FileName = MakeLog("web.log", "one\r\n");
+  options.WaitOnStart = true;
+  options.WaitSeconds = 30;
+  env.on_events = [&] {
+    if (env.event_runs == 3) menu.Form_Unload();
+  };
+  menu.Form_Load();
+  EXPECT_LT(env.slept_ms, 1000);
+  EXPECT_TRUE(menu.Unloaded());
+  EXPECT_FALSE(menu.FileOpened);
+  EXPECT_FALSE(view.timer);
+  EXPECT_TRUE(windows.made.empty());
+}
+
+TEST_F(ControlWindowTest, OpenRestartAndUnloadAskedForDuringAnOpenNeverRunInsideIt) {
+  std::string text;
+  for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
+  const std::string log = MakeLog("big.log", text);
+  const std::string other = MakeLog("other.log", "other\r\n");
+  menu.Form_Load();
+  Type(log);
+  view.SetValue(Control::chkFileStart, 1);
+  int during_load = 0;
+  env.on_events = [&] {
+    if (!windows.Last() || windows.Last()->box.enabled) return;  // only inside the load
+    ++during_load;
+    Type(other);
+    menu.KeyDown(Control::chkMinimise, keys_down::kEnter, 0);
+    menu.follower().FerrowRestart();
+    if (during_load == 3) menu.Form_Unload();
+  };
+  menu.OK_Click();
+  EXPECT_GE(during_load, 3);
+  EXPECT_EQ(windows.made.size(), 1u) << "one open, one text window";
+  EXPECT_EQ(options.FileName, log);
+  EXPECT_TRUE(menu.Unloaded()) << "the unload ran once the open was over";
+  EXPECT_FALSE(view.timer);
+  EXPECT_TRUE(view.closed);
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
+  menu.ShowNormalAndActivate();
+  EXPECT_EQ(view.brought_to_front, 0) << "nothing comes back once closing";
+}
+
+TEST_F(ControlWindowTest, ClosingTheTextWindowDuringTheLoadStopsTheLoad) {
+  std::string text;
+  for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
+  const std::string log = MakeLog("big.log", text);
+  menu.Form_Load();
+  Type(log);
+  view.SetValue(Control::chkFileStart, 1);
+  env.on_events = [&] {
+    if (windows.Last() && !windows.Last()->box.enabled && !windows.Last()->closed) windows.Last()->Close();
+  };
+  menu.OK_Click();
+  EXPECT_EQ(menu.TextWindow(), nullptr);
+  EXPECT_EQ(windows.Last()->box.text, "Loading file " + log) << "the load stopped where the window closed";
+  EXPECT_TRUE(menu.FileOpened);
+  EXPECT_TRUE(view.Enabled(Control::cmdOK));
+}
+
+}  // namespace
+}  // namespace ferrow
