@@ -33,10 +33,7 @@ class ControlWindowTest : public testing::SessionTest {
   void Type(const std::string& name) { view.SetText(Control::cmbFileName, name); }
   std::string Box() { return view.Text(Control::cmbFileName); }
   void History(const std::vector<std::string>& names) {
-    std::string ini = "[Common]\r\nHistoryCount=" + std::to_string(names.size()) + "\r\n";
-    for (size_t i = 0; i < names.size(); ++i)
-      ini += "History" + std::to_string(i + 1) + "=" + names[i] + "\r\n";
-    WriteIni(ini);
+    WriteHistory(names);
     LoadHistoryAtStartup(app);
   }
   std::string Shown() { return windows.Last() ? windows.Last()->box.text : ""; }

@@ -41,10 +41,7 @@ class WhatOpens : public Form1Test {
     Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
   }
   void History(const std::vector<std::string>& names) {
-    std::string ini = "[Common]\r\nHistoryCount=" + std::to_string(names.size()) + "\r\n";
-    for (size_t i = 0; i < names.size(); ++i)
-      ini += "History" + std::to_string(i + 1) + "=" + names[i] + "\r\n";
-    WriteIni(ini);
+    WriteHistory(names);
     LoadHistoryAtStartup(app);
   }
   std::string Box() { return form->cmbFileName->currentText().toStdString(); }

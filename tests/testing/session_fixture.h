@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "startup/options.h"
 #include "startup/session.h"
 #include "support/paths.h"
@@ -20,6 +23,13 @@ class SessionTest : public ::testing::Test {
     options.LogFileName = dir.File("Ferrow.LOG");
   }
   void WriteIni(const std::string& text) { WriteBytes(options.IniFileName, text); }
+  // A configuration file whose history holds `names`, in that order.
+  void WriteHistory(const std::vector<std::string>& names) {
+    std::string ini = "[Common]\r\nHistoryCount=" + std::to_string(names.size()) + "\r\n";
+    for (size_t i = 0; i < names.size(); ++i)
+      ini += "History" + std::to_string(i + 1) + "=" + names[i] + "\r\n";
+    WriteIni(ini);
+  }
   std::string Ini() { return ReadBytes(options.IniFileName); }
   std::string Log() { return ReadBytes(options.LogFileName); }
 
