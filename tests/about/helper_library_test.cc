@@ -44,6 +44,16 @@ TEST(HelperLibrary, AllSevenFunctionsAnswer) {
             0);
 }
 
+TEST(HelperLibrary, TextHoldingNulBytesComesBackWholeAsTheBuiltInEscapingGivesIt) {
+  HelperLibrary library = HelperLibrary::BindFile(env(), kLibrary);
+  ASSERT_TRUE(library.loaded());
+  using namespace std::string_literals;
+  for (const std::string& text : {"abc\0def\r\nghi\r\n"s, "\0{x}\0\0C:\\y\0"s, "\0"s}) {
+    EXPECT_EQ(library.RTFFilterNoSlash(text), EscapeBraces(text));
+    EXPECT_EQ(library.RTFFilter(text), RTFEscape(text));
+  }
+}
+
 TEST(HelperLibrary, FoundBesideTheProgramByItsPlainName) {
   class BesideEnv : public EnvWrapper {
    public:
