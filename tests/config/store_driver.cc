@@ -4,6 +4,9 @@
 //   store_driver hold-lock INI          GetWriteLock(0), print "held", wait to be killed
 //   store_driver tidy INI NAME...       AddToHistory each NAME, then TidyHistory
 //   store_driver remove INI NAME        RemoveFromHistory
+//   store_driver follow INI NAME GO     start-up history load, AddToHistory NAME,
+//                                       print "ready", wait for the file GO, then
+//                                       MergeHistoryAtClose
 //   store_driver save INI SECTION SIZE  SaveFileSettings with FontSize = SIZE
 //   store_driver claim NAME [hold]      ClaimInstance; print "another" or "alone"
 // Captions, and for tidy what it read and what it ended with, go to stdout.
@@ -14,6 +17,7 @@
 #include <thread>
 
 #include "config/history.h"
+#include "config/history_close.h"
 #include "config/settings.h"
 #include "config/write_lock.h"
 #include "startup/session.h"
@@ -60,6 +64,13 @@ int main(int argc, char** argv) {
     for (int i = 0; i < options.HistoryTotal; ++i)
       std::cout << "list:" << options.HistoryList[static_cast<size_t>(i)] << "\n";
     return 0;
+  }
+  if (op == "follow" && argc == 5) {
+    LoadHistoryAtStartup(session);
+    AddToHistory(options, argv[3]);
+    std::cout << "ready" << std::endl;
+    while (!env.FileLength(argv[4])) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return MergeHistoryAtClose(session) ? 0 : 3;
   }
   if (op == "remove" && argc == 4) return RemoveFromHistory(session, argv[3]) ? 0 : 3;
   if (op == "save" && argc == 5) {

@@ -85,6 +85,38 @@ TEST_F(StoreProcesses, TwoTidiersNeverTearTheFileAndEachGetsTheMergeOfWhatItRead
   EXPECT_EQ(Key("Common", "WriteLock"), "False");
 }
 
+// Three processes load the history at start-up, each follows a file of its
+// own, and they close one after the other in every possible order.
+TEST_F(StoreProcesses, ThreeFollowersClosedInAnyOrderLeaveAllThreeInTheHistory) {
+  const Names followed = {"a.log", "b.log", "c.log"};
+  std::vector<int> order = {0, 1, 2};
+  int round = 0;
+  do {
+    SCOPED_TRACE("round " + std::to_string(round));
+    WriteBytes(ini, "[Common]\r\nWriteLock=False\r\nHistoryCount=1\r\nHistory1=old.log\r\n");
+    std::vector<pid_t> pids;
+    Names go;
+    for (int i = 0; i < 3; ++i) {
+      go.push_back(dir.File("go" + std::to_string(round) + std::to_string(i)));
+      pids.push_back(Spawn({kDriver, "follow", ini, followed[static_cast<size_t>(i)], go.back()},
+                           Out(10 * round + i)));
+      ASSERT_GT(pids.back(), 0);
+    }
+    for (int i = 0; i < 3; ++i)
+      while (ReadBytes(Out(10 * round + i)).find("ready") == std::string::npos)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    for (int i : order) {
+      WriteBytes(go[static_cast<size_t>(i)], "x");
+      EXPECT_EQ(WaitExit(pids[static_cast<size_t>(i)]), 0);
+    }
+    EXPECT_EQ(Key("Common", "HistoryCount"), "4");
+    Names history;
+    for (int i = 1; i <= 4; ++i) history.push_back(Key("Common", "History" + std::to_string(i)));
+    EXPECT_EQ(history, (Names{"a.log", "b.log", "c.log", "old.log"}));
+    ++round;
+  } while (std::next_permutation(order.begin(), order.end()));
+}
+
 TEST_F(StoreProcesses, ProcessFindingTheLockHeldWaitsAndGivesUp) {
   WriteBytes(ini, "[Common]\r\nWriteLock=True\r\n");
   auto start = std::chrono::steady_clock::now();
