@@ -64,6 +64,10 @@ class Env {
   // the key. Returns false when the write could not be done now.
   virtual bool WriteProfileString(const char* section, const char* key, const char* value,
                                   const std::string& path) = 0;
+  // After WriteProfileString failed on this thread: true when waiting cannot
+  // mend the failure (permission denied, read-only file system, disk full),
+  // false when it may pass (a sharing violation, a lock held elsewhere).
+  virtual bool LastWriteFailureIsPermanent() = 0;
 
   // 0 on success, like the C library's unlink.
   virtual int RemoveFile(const std::string& path) = 0;
@@ -143,6 +147,7 @@ class EnvWrapper : public Env {
                           const std::string& p) override {
     return target_->WriteProfileString(s, k, v, p);
   }
+  bool LastWriteFailureIsPermanent() override { return target_->LastWriteFailureIsPermanent(); }
   int RemoveFile(const std::string& p) override { return target_->RemoveFile(p); }
   bool CopyWholeFile(const std::string& f, const std::string& t) override {
     return target_->CopyWholeFile(f, t);

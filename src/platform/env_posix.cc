@@ -21,6 +21,7 @@ namespace ferrow {
 
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path);
+bool PosixLastWriteFailureIsPermanent();
 std::string PosixShortDate(const std::tm& when);
 std::string PosixLongDate(const std::tm& when);
 std::string PosixLongTime(const std::tm& when);
@@ -105,6 +106,7 @@ class PosixEnv : public Env {
                           const std::string& path) override {
     return PosixWriteProfileString(section, key, value, path);
   }
+  bool LastWriteFailureIsPermanent() override { return PosixLastWriteFailureIsPermanent(); }
 
   int RemoveFile(const std::string& path) override {
     return ::unlink(PosixPath(path).c_str()) == 0 ? 0 : errno;

@@ -74,6 +74,9 @@ std::string Date(const std::tm& when, DWORD flags) {
 // configuration file relies on the configuration write lock instead.
 class NoLock : public FileLock {};
 
+// Why the last profile write of this thread failed.
+thread_local DWORD t_last_write_error = ERROR_SUCCESS;
+
 class WindowsEnv : public Env {
  public:
   std::optional<int64_t> FileLength(const std::string& path) override {
@@ -103,7 +106,22 @@ class WindowsEnv : public Env {
 
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override {
-    return WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
+    // Kept at once: whatever runs between the failure and the question may
+    // overwrite the thread's last error.
+    const bool written = WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
+    t_last_write_error = written ? ERROR_SUCCESS : GetLastError();
+    return written;
+  }
+  bool LastWriteFailureIsPermanent() override {
+    switch (t_last_write_error) {
+      case ERROR_ACCESS_DENIED:
+      case ERROR_WRITE_PROTECT:
+      case ERROR_DISK_FULL:
+      case ERROR_HANDLE_DISK_FULL:
+        return true;
+      default:  // a sharing violation or a lock passes
+        return false;
+    }
   }
 
   int RemoveFile(const std::string& path) override {

@@ -1,6 +1,9 @@
 // The configuration store shared by real processes: each runs store_driver
 // for one operation while a watcher keeps reading the file.
 #include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -115,6 +118,45 @@ TEST_F(StoreProcesses, ThreeFollowersClosedInAnyOrderLeaveAllThreeInTheHistory) 
     EXPECT_EQ(history, (Names{"a.log", "b.log", "c.log", "old.log"}));
     ++round;
   } while (std::next_permutation(order.begin(), order.end()));
+}
+
+// A configuration file nobody may write: the program starts and closes as
+// an unprivileged user (root writes anything, so a root test run drops to
+// nobody for it), and neither step may spend minutes retrying.
+TEST_F(StoreProcesses, UnwritableConfigurationFileCostsAtMostAFewSecondsAtStartAndAtClose) {
+  const std::string followed = dir.File("app.log");
+  const std::string text = "[Common]\r\nWriteLock=False\r\nHistoryCount=1\r\nHistory1=old.log\r\n";
+  WriteBytes(followed, "a line\r\n");
+  WriteBytes(ini, text);
+  ASSERT_EQ(::chmod(dir.path().c_str(), 0777), 0);
+  ASSERT_EQ(::chmod(ini.c_str(), 0444), 0);
+  Names args = {kDriver, "start-close", dir.path(), followed};
+  if (::geteuid() == 0)
+    args.insert(args.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534",
+                               "--clear-groups"});
+  pid_t p = Spawn(args, Out(1));
+  ASSERT_GT(p, 0);
+  int status = 0;
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (::waitpid(p, &status, WNOHANG) == 0) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      ::kill(p, SIGKILL);
+      ::waitpid(p, &status, 0);
+      FAIL() << "still retrying after 30 seconds: " << ReadBytes(Out(1));
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << ReadBytes(Out(1));
+  const std::string printed = ReadBytes(Out(1));
+  const Names startup = LinesStartingWith(printed, "startup_ms:");
+  const Names close = LinesStartingWith(printed, "close_ms:");
+  ASSERT_EQ(startup.size(), 1u) << printed;
+  ASSERT_EQ(close.size(), 1u) << printed;
+  EXPECT_LT(std::stol(startup[0]), 3000);
+  EXPECT_LT(std::stol(close[0]), 3000);
+  EXPECT_EQ(ReadBytes(ini), text);
+  std::cout << "unwritable configuration file: start-up " << startup[0] << " ms, close "
+            << close[0] << " ms\n";
 }
 
 TEST_F(StoreProcesses, ProcessFindingTheLockHeldWaitsAndGivesUp) {

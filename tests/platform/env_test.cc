@@ -138,6 +138,7 @@ TEST(Env, ProfileLockKeepsProfileWritersOut) {
     auto lock = env().LockProfile(ini, 100);
     ASSERT_TRUE(lock);
     EXPECT_FALSE(env().WriteProfileString("Common", "k", "v", ini));
+    EXPECT_FALSE(env().LastWriteFailureIsPermanent());  // a held lock passes
   }
   EXPECT_TRUE(env().WriteProfileString("Common", "k", "v", ini));
 }
