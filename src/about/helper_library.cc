@@ -85,6 +85,9 @@ std::optional<std::string> HelperLibrary::RTFFilterNoSlash(const std::string& li
 std::optional<std::string> HelperLibrary::GetLinkTarget(const std::string& link_path) const {
   auto fn = Function<decltype(&::GetLinkTarget)>("GetLinkTarget");
   if (!fn) return std::nullopt;
+  // The library reads the file with blocking calls: a FIFO named x.lnk would
+  // hold the program until a writer came, and a device might never end.
+  if (!env_->IsRegularFile(link_path)) return std::string();
   return Take(fn(link_path.c_str()));
 }
 

@@ -47,8 +47,13 @@ class Env {
   // Length of the named file, or nothing when it cannot be asked.
   virtual std::optional<int64_t> FileLength(const std::string& path) = 0;
 
-  // Opens for reading without ever blocking a writer (nullptr on failure).
+  // Opens a regular file for reading without ever blocking a writer (nullptr
+  // on failure). Anything else (a FIFO, a device) is refused without waiting
+  // for a writer to appear.
   virtual std::unique_ptr<SharedFile> OpenShared(const std::string& path) = 0;
+
+  // True when `path` names a regular file (not a folder, FIFO or device).
+  virtual bool IsRegularFile(const std::string& path) = 0;
 
   // A C stream for the numbered-file layer; `mode` is an fopen mode. Other
   // processes may read and write the file while it is open.
@@ -139,6 +144,7 @@ class EnvWrapper : public Env {
   std::unique_ptr<SharedFile> OpenShared(const std::string& p) override {
     return target_->OpenShared(p);
   }
+  bool IsRegularFile(const std::string& p) override { return target_->IsRegularFile(p); }
   std::FILE* OpenStream(const std::string& p, const char* m) override {
     return target_->OpenStream(p, m);
   }

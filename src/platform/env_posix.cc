@@ -84,9 +84,21 @@ class PosixEnv : public Env {
   }
 
   std::unique_ptr<SharedFile> OpenShared(const std::string& path) override {
-    int fd = ::open(PosixPath(path).c_str(), O_RDONLY | O_CLOEXEC);
+    // Without O_NONBLOCK opening a FIFO would wait for a writer for ever.
+    int fd = ::open(PosixPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return nullptr;
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode) ||
+        ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK) != 0) {
+      ::close(fd);
+      return nullptr;
+    }
     return std::make_unique<PosixSharedFile>(fd);
+  }
+
+  bool IsRegularFile(const std::string& path) override {
+    struct stat info {};
+    return ::stat(PosixPath(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {

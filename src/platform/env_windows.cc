@@ -89,7 +89,17 @@ class WindowsEnv : public Env {
     HANDLE h = CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                            FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h == INVALID_HANDLE_VALUE) return nullptr;
+    if (GetFileType(h) != FILE_TYPE_DISK) {  // a pipe or a device such as CON
+      CloseHandle(h);
+      return nullptr;
+    }
     return std::make_unique<WinSharedFile>(h);
+  }
+
+  bool IsRegularFile(const std::string& path) override {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           !(attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE));
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {

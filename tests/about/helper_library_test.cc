@@ -10,6 +10,11 @@
 #include "startup/options.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "testing/processes.h"
+#endif
 
 namespace ferrow {
 namespace {
@@ -53,6 +58,20 @@ TEST(HelperLibrary, TextHoldingNulBytesComesBackWholeAsTheBuiltInEscapingGivesIt
     EXPECT_EQ(library.RTFFilter(text), RTFEscape(text));
   }
 }
+
+#ifndef _WIN32
+TEST(HelperLibrary, ShortcutThatIsAFifoOrADeviceAnswersEmptyWithoutBlocking) {
+  HelperLibrary library = HelperLibrary::BindFile(env(), kLibrary);
+  ASSERT_TRUE(library.loaded());
+  testing::TempDir dir;
+  const std::string fifo = dir.File("x.lnk");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  std::optional<std::string> target;
+  EXPECT_TRUE(testing::FinishesWithoutAWriter(fifo, [&] { target = library.GetLinkTarget(fifo); }));
+  EXPECT_EQ(target, "");
+  EXPECT_EQ(library.GetLinkTarget("/dev/zero"), "");
+}
+#endif
 
 TEST(HelperLibrary, FoundBesideTheProgramByItsPlainName) {
   class BesideEnv : public EnvWrapper {

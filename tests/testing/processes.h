@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <atomic>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -46,5 +47,16 @@ class TornFileWatch {
   std::string first_problem_;
   std::thread thread_;
 };
+
+}  // namespace ferrow::testing
+
+namespace ferrow::testing {
+
+// Runs `work` on a thread of its own and waits up to `seconds` for it. Should
+// it still be waiting on the FIFO at `fifo` by then, a writer opens and
+// closes the FIFO so that the work ends (and the test with it) instead of
+// hanging. True when the work finished within the time by itself.
+bool FinishesWithoutAWriter(const std::string& fifo, const std::function<void()>& work,
+                            int seconds = 5);
 
 }  // namespace ferrow::testing
