@@ -79,6 +79,13 @@ class Env {
   virtual bool CopyWholeFile(const std::string& from, const std::string& to) = 0;
   // Renames, replacing nothing: fails when `to` exists.
   virtual bool RenameFile(const std::string& from, const std::string& to) = 0;
+  // Puts the file `from` in the place of `to` in one step, so that a reader
+  // (or a crash) finds either the old `to` or all of `from`. `to` keeps its
+  // permissions, and when it is a symbolic link the link stays and its
+  // target is replaced.
+  virtual bool ReplaceWithFile(const std::string& from, const std::string& to) = 0;
+  // Writes out what `stream` buffers and waits until the device holds it.
+  virtual bool SyncStream(std::FILE* stream) = 0;
   virtual bool IsFolder(const std::string& path) = 0;
   virtual bool IsFolderWritable(const std::string& folder) = 0;
   virtual bool CreateFolders(const std::string& folder) = 0;
@@ -161,6 +168,10 @@ class EnvWrapper : public Env {
   bool RenameFile(const std::string& f, const std::string& t) override {
     return target_->RenameFile(f, t);
   }
+  bool ReplaceWithFile(const std::string& f, const std::string& t) override {
+    return target_->ReplaceWithFile(f, t);
+  }
+  bool SyncStream(std::FILE* s) override { return target_->SyncStream(s); }
   bool IsFolder(const std::string& p) override { return target_->IsFolder(p); }
   bool IsFolderWritable(const std::string& f) override { return target_->IsFolderWritable(f); }
   bool CreateFolders(const std::string& f) override { return target_->CreateFolders(f); }

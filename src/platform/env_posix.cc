@@ -147,6 +147,23 @@ class PosixEnv : public Env {
     return ::rename(PosixPath(from).c_str(), PosixPath(to).c_str()) == 0;
   }
 
+  bool ReplaceWithFile(const std::string& from, const std::string& to) override {
+    std::string place = PosixPath(to);
+    if (char* resolved = ::realpath(place.c_str(), nullptr)) {
+      place = resolved;
+      std::free(resolved);
+    }
+    struct stat info {};
+    if (::stat(place.c_str(), &info) == 0 &&
+        ::chmod(PosixPath(from).c_str(), info.st_mode & 07777) != 0)
+      return false;
+    return ::rename(PosixPath(from).c_str(), place.c_str()) == 0;
+  }
+
+  bool SyncStream(std::FILE* stream) override {
+    return std::fflush(stream) == 0 && ::fsync(::fileno(stream)) == 0;
+  }
+
   bool IsFolder(const std::string& path) override {
     struct stat info {};
     return ::stat(PosixPath(path).c_str(), &info) == 0 && S_ISDIR(info.st_mode);

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <objbase.h>
+#include <io.h>
 #include <share.h>
 
 #include <cstdlib>
@@ -144,6 +145,15 @@ class WindowsEnv : public Env {
 
   bool RenameFile(const std::string& from, const std::string& to) override {
     return MoveFileA(from.c_str(), to.c_str()) != 0;
+  }
+
+  bool ReplaceWithFile(const std::string& from, const std::string& to) override {
+    return MoveFileExA(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  }
+
+  bool SyncStream(std::FILE* stream) override {
+    return std::fflush(stream) == 0 && _commit(_fileno(stream)) == 0;
   }
 
   bool IsFolder(const std::string& path) override {

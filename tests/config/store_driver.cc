@@ -8,6 +8,7 @@
 //                                       print "ready", wait for the file GO, then
 //                                       MergeHistoryAtClose
 //   store_driver save INI SECTION SIZE  SaveFileSettings with FontSize = SIZE
+//   store_driver trim INI               the start-up trim of INI, as a lone instance
 //   store_driver claim NAME [hold]      ClaimInstance; print "another" or "alone"
 //   store_driver start-close DIR FILE   start-up as the program beside DIR/Ferrow.INI
 //                                       following FILE, then what closing writes;
@@ -21,7 +22,9 @@
 
 #include "config/history.h"
 #include "config/history_close.h"
+#include "config/known_keys.h"
 #include "config/settings.h"
+#include "diag/trim_file.h"
 #include "startup/startup.h"
 #include "support/paths.h"
 #include "config/write_lock.h"
@@ -120,6 +123,7 @@ int main(int argc, char** argv) {
     SaveFileSettings(session, argv[3]);
     return 0;
   }
+  if (op == "trim") return TrimFile(session, options.IniFileName, KnownKeys(), true) ? 0 : 3;
   if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3]);
   if (op == "claim") {
     bool another = false;
