@@ -12,11 +12,20 @@
 
 namespace {
 
-// Names the reader can find again: no line end, no "[" "]" "=" ";" and no
-// blank or tab at either end.
+bool NoEdgeBlanks(const std::string& s) {
+  return !s.empty() && s.front() != ' ' && s.back() != ' ' && s.front() != '\t' &&
+         s.back() != '\t';
+}
+
+// A section name may hold any character but a line end ("]" and "=" too:
+// log[1].txt, job=42.log).
+bool PlainSection(const std::string& s) {
+  return NoEdgeBlanks(s) && s.find_first_of(std::string("\r\n\0", 3)) == std::string::npos;
+}
+
+// Keys and values the reader can find again.
 bool Plain(const std::string& s) {
-  return !s.empty() && s.find_first_of("\r\n[]=;\t\"") == std::string::npos &&
-         s.front() != ' ' && s.back() != ' ' && s.find('\0') == std::string::npos;
+  return NoEdgeBlanks(s) && s.find_first_of(std::string("\r\n[]=;\t\"\0", 9)) == std::string::npos;
 }
 
 }  // namespace
@@ -29,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (!(mode & 1)) k = key;
   if (!(mode & 2)) v = value;
   const std::string once = ferrow::ApplyProfileWrite(text, section, k, v);
-  if (k && v && Plain(section) && Plain(key) && Plain(value)) {
+  if (k && v && PlainSection(section) && Plain(key) && Plain(value)) {
     const std::string twice = ferrow::ApplyProfileWrite(once, section, k, v);
     if (twice != once) std::abort();
   }

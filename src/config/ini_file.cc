@@ -57,7 +57,7 @@ std::string ReadINIFile(Env& env, const std::string& file_name, const std::strin
     if (line.empty()) continue;
     if (line[0] == '[') {
       if (inside) return "";
-      size_t close = line.find(']');
+      size_t close = line.rfind(']');  // section names may hold "]": log[1].txt
       if (close != std::string::npos && close + 1 > 2 &&
           UpperCase(Trim(line.substr(1, close - 1))) == wanted_section)
         inside = true;

@@ -223,7 +223,7 @@ bool Trimmer::HasCommonSection(const std::string& file_name) {
   std::string line;
   while (file != 0 && files.LineInput(file, line) == 0) {
     line = Trim(RemoveChars(line, "\r\n\t\0"sv));
-    if (IsHeader(line) && EqualsNoCase(Trim(line.substr(1, line.find(']') - 1)), "Common"))
+    if (IsHeader(line) && EqualsNoCase(Trim(line.substr(1, line.rfind(']') - 1)), "Common"))
       return true;
   }
   return false;

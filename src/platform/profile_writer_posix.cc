@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <optional>
 #include <string>
 
@@ -51,9 +52,22 @@ bool WriteAll(int fd, const std::string& data) {
   return true;
 }
 
-bool ReplaceFile(const std::string& native, const std::string& bytes, mode_t mode) {
+// When no temporary file can be made beside the file (a folder we may not
+// write, holding a file we may), the file is rewritten in place through the
+// locked descriptor: a reader may then see it half written, which is better
+// than losing the write.
+bool RewriteInPlace(int fd, const std::string& bytes) {
+  if (::lseek(fd, 0, SEEK_SET) < 0 || !WriteAll(fd, bytes) ||
+      ::ftruncate(fd, static_cast<off_t>(bytes.size())) != 0 || ::fsync(fd) != 0)
+    return Fail(errno);
+  return true;
+}
+
+bool ReplaceFile(const std::string& native, const std::string& bytes, mode_t mode, int locked_fd) {
   std::string temp = native + ".XXXXXX";
   int fd = ::mkstemp(temp.data());
+  if (fd < 0 && (errno == EACCES || errno == EPERM || errno == EROFS))
+    return RewriteInPlace(locked_fd, bytes);
   if (fd < 0) return Fail(errno);
   const bool written = WriteAll(fd, bytes) && ::fchmod(fd, mode) == 0 && ::fsync(fd) == 0;
   int error = errno;
@@ -72,7 +86,13 @@ bool ReplaceFile(const std::string& native, const std::string& bytes, mode_t mod
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path) {
   if (!section || path.empty()) return false;
-  const std::string native = PosixPath(path);
+  std::string native = PosixPath(path);
+  // A configuration file that is a symbolic link is written through it: the
+  // link stays and its target takes the new text.
+  if (char* target = ::realpath(native.c_str(), nullptr)) {
+    native = target;
+    std::free(target);
+  }
   const bool deleting = !key || !value;
   struct stat info {};
   if (deleting && ::stat(native.c_str(), &info) != 0) return errno == ENOENT || Fail(errno);
@@ -88,7 +108,7 @@ bool PosixWriteProfileString(const char* section, const char* key, const char* v
   if (value) v = value;
   std::string new_text = ApplyProfileWrite(old_text, section, k, v);
   if (new_text == old_text) return true;
-  return ReplaceFile(native, new_text, info.st_mode & 07777);
+  return ReplaceFile(native, new_text, info.st_mode & 07777, lock->fd());
 }
 
 bool PosixLastWriteFailureIsPermanent() {
