@@ -130,11 +130,7 @@ TEST_F(StoreProcesses, UnwritableConfigurationFileCostsAtMostAFewSecondsAtStartA
   WriteBytes(ini, text);
   ASSERT_EQ(::chmod(dir.path().c_str(), 0777), 0);
   ASSERT_EQ(::chmod(ini.c_str(), 0444), 0);
-  Names args = {kDriver, "start-close", dir.path(), followed};
-  if (::geteuid() == 0)
-    args.insert(args.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534",
-                               "--clear-groups"});
-  pid_t p = Spawn(args, Out(1));
+  pid_t p = Spawn(testing::Unprivileged({kDriver, "start-close", dir.path(), followed}), Out(1));
   ASSERT_GT(p, 0);
   int status = 0;
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);

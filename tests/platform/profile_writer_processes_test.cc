@@ -75,11 +75,7 @@ TEST(ProfileWriterProcesses, FileInAFolderThatCannotBeWrittenIsStillWrittenInPla
   testing::WriteBytes(ini, "[Section0]\r\nOld=1\r\n");
   ASSERT_EQ(::chmod(ini.c_str(), 0666), 0);
   ASSERT_EQ(::chmod(dir.path().c_str(), 0555), 0);
-  std::vector<std::string> args = {FERROW_INI_WRITER_CHILD, ini, "P", "3", "1"};
-  if (::geteuid() == 0)
-    args.insert(args.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534",
-                               "--clear-groups"});
-  EXPECT_EQ(testing::WaitExit(Spawn(args)), 0);
+  EXPECT_EQ(testing::WaitExit(Spawn(testing::Unprivileged({FERROW_INI_WRITER_CHILD, ini, "P", "3", "1"}))), 0);
   ::chmod(dir.path().c_str(), 0755);
   EXPECT_EQ(ReadBytes(ini),
             "[Section0]\r\nOld=1\r\nPKey0=P-value-0\r\nPKey1=P-value-1\r\nPKey2=P-value-2\r\n");

@@ -16,6 +16,13 @@ extern char** environ;
 
 namespace ferrow::testing {
 
+std::vector<std::string> Unprivileged(std::vector<std::string> args) {
+  if (::geteuid() == 0)
+    args.insert(args.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534",
+                               "--clear-groups"});
+  return args;
+}
+
 pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path) {
   std::vector<char*> argv;
   for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));

@@ -16,6 +16,10 @@ namespace ferrow::testing {
 // when given. Returns the process id, or -1.
 pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path = "");
 
+// `args` to run as an unprivileged user: as they are, or behind setpriv
+// dropping to nobody when the tests run as root (who may write anything).
+std::vector<std::string> Unprivileged(std::vector<std::string> args);
+
 // Waits for the process; its exit code, or -1 when it did not exit normally.
 int WaitExit(pid_t pid);
 
