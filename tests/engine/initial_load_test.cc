@@ -7,6 +7,11 @@
 #include "engine/engine_fixture.h"
 #include "engine/file_reader.h"
 #include "platform/env.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "testing/processes.h"
+#endif
 
 namespace ferrow {
 namespace {
@@ -139,6 +144,18 @@ TEST_F(InitialLoad, HugeLineCountReadsOnlyWhatTheBufferCanShowAndShowsTheSameLin
   Load(19999);
   EXPECT_EQ(Shown(), shown);
 }
+
+#ifndef _WIN32
+TEST_F(InitialLoad, FifoDroppedAsTheFollowedFileIsNeverWaitedOn) {
+  ASSERT_EQ(::mkfifo(log.c_str(), 0600), 0);
+  EXPECT_TRUE(testing::FinishesWithoutAWriter(log, [&] {
+    Load(0);
+    Load(5);
+    Tick();
+    follower.ReadChangedFile(log, 1);
+  }));
+}
+#endif
 
 TEST_F(InitialLoad, BufferSmallerThanTheHeaderRestartsTheLogWindowAndEnds) {
   options.MaxInputLength = 100;
