@@ -1,5 +1,6 @@
 #include "about/helper_library.h"
 
+#include <cstddef>
 #include <type_traits>
 #include <vector>
 
@@ -52,14 +53,28 @@ std::optional<int16_t> HelperLibrary::DLLVersion() const {
   return fn();
 }
 
-// The line goes in a buffer of its own: the library may rewrite it.
+// The library takes zero-terminated text, so a line holding NUL bytes goes
+// over piece by piece and the NULs are put back between the answers; each
+// piece goes in a buffer of its own because the library may rewrite it.
 std::optional<std::string> HelperLibrary::Filter(const char* function, const std::string& line) const {
   static_assert(std::is_same_v<decltype(&::RTFFilter), decltype(&::RTFFilterNoSlash)>);
   auto fn = Function<decltype(&::RTFFilter)>(function);
   if (!fn) return std::nullopt;
-  std::vector<char> buffer(line.begin(), line.end());
-  buffer.push_back('\0');
-  return Take(fn(buffer.data()));
+  std::string out;
+  size_t start = 0;
+  for (;;) {
+    const size_t nul = line.find('\0', start);
+    const size_t stop = nul == std::string::npos ? line.size() : nul;
+    std::vector<char> buffer(line.begin() + static_cast<std::ptrdiff_t>(start),
+                             line.begin() + static_cast<std::ptrdiff_t>(stop));
+    buffer.push_back('\0');
+    std::optional<std::string> piece = Take(fn(buffer.data()));
+    if (!piece) return std::nullopt;
+    out += *piece;
+    if (nul == std::string::npos) return out;
+    out += '\0';
+    start = nul + 1;
+  }
 }
 
 std::optional<std::string> HelperLibrary::RTFFilter(const std::string& line) const {
@@ -73,6 +88,9 @@ std::optional<std::string> HelperLibrary::RTFFilterNoSlash(const std::string& li
 std::optional<std::string> HelperLibrary::GetLinkTarget(const std::string& link_path) const {
   auto fn = Function<decltype(&::GetLinkTarget)>("GetLinkTarget");
   if (!fn) return std::nullopt;
+  // The library reads the file with blocking calls: a FIFO named x.lnk would
+  // hold the program until a writer came, and a device might never end.
+  if (!env_->IsRegularFile(link_path)) return std::string();
   return Take(fn(link_path.c_str()));
 }
 

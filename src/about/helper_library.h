@@ -30,6 +30,7 @@ class HelperLibrary {
   std::optional<int16_t> DLLVersion() const;
   std::optional<std::string> RTFFilter(const std::string& line) const;
   std::optional<std::string> RTFFilterNoSlash(const std::string& line) const;
+  // "" for anything that is not a regular file, which is never opened.
   std::optional<std::string> GetLinkTarget(const std::string& link_path) const;
   std::optional<std::string> GetDLLFileName() const;
   std::optional<std::string> GetProfileDir(int32_t kind) const;

@@ -18,13 +18,15 @@ constexpr std::string_view kLineBlanks = " \t\r\n"sv;
 constexpr std::string_view kValueBlanks = " \t\r\n\0"sv;
 constexpr std::string_view kBoolNoise = "\"\t; "sv;
 
-// Calls `write` until it succeeds, at most kWriteAttempts times.
+// Calls `write` until it succeeds, at most kWriteAttempts times; a failure
+// that waiting cannot mend ends the loop at once.
 template <typename Write>
 bool Retry(Env& env, Write write, bool events_after_each) {
   for (int attempt = 0; attempt < kWriteAttempts; ++attempt) {
     bool ok = write();
     if (events_after_each) env.LetEventsRun();
     if (ok) return true;
+    if (env.LastWriteFailureIsPermanent()) return false;
     env.LetEventsRun();
     env.SleepMs(kRetryMs);
   }
@@ -55,7 +57,7 @@ std::string ReadINIFile(Env& env, const std::string& file_name, const std::strin
     if (line.empty()) continue;
     if (line[0] == '[') {
       if (inside) return "";
-      size_t close = line.find(']');
+      size_t close = line.rfind(']');  // section names may hold "]": log[1].txt
       if (close != std::string::npos && close + 1 > 2 &&
           UpperCase(Trim(line.substr(1, close - 1))) == wanted_section)
         inside = true;
@@ -87,6 +89,7 @@ bool WriteINIFile(Env& env, const std::string& file_name, const std::string& sec
         env, [&] { return env.WriteProfileString(s, k, stripped.c_str(), file_name); }, true);
   }
   if (env.WriteProfileString(s, k, "", file_name)) return true;
+  if (env.LastWriteFailureIsPermanent()) return false;
   return Retry(env, [&] { return env.WriteProfileString(s, k, nullptr, file_name); }, false);
 }
 

@@ -28,23 +28,31 @@ std::vector<Line> SplitLines(std::string_view text) {
   return lines;
 }
 
-// The section name of a header line "[name]", or nothing.
+// A line without the blanks and tabs at its ends, as the reader sees it.
+std::string_view LineView(std::string_view body) {
+  const size_t first = body.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return body.substr(first, body.find_last_not_of(" \t") - first + 1);
+}
+
+// The section name of a header line "[name]", or nothing. The name runs to
+// the last "]", so that a followed file called log[1].txt is found again.
 std::optional<std::string_view> HeaderName(std::string_view body) {
-  std::string_view t = TrimView(body);
+  std::string_view t = LineView(body);
   if (t.empty() || t.front() != '[') return std::nullopt;
-  size_t close = t.find(']');
+  size_t close = t.rfind(']');
   if (close == std::string_view::npos) return std::nullopt;
   return TrimView(t.substr(1, close - 1));
 }
 
 bool IsEntry(std::string_view body) {
-  std::string_view t = TrimView(body);
+  std::string_view t = LineView(body);
   return !t.empty() && t.front() != ';';
 }
 
 // The key of an entry line: the trimmed text before "=", or the whole line.
 std::string_view EntryKey(std::string_view body) {
-  std::string_view t = TrimView(body);
+  std::string_view t = LineView(body);
   return TrimView(t.substr(0, t.find('=')));
 }
 

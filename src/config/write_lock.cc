@@ -17,11 +17,14 @@ using keys::WriteLock;
 
 std::string Dots(int count) { return std::string(static_cast<size_t>(count % 10), '.'); }
 
-// Writes WriteLock=`value`, retrying with a caption while the write fails.
+// Writes WriteLock=`value`, retrying with a caption while the write fails for
+// a reason that may pass.
 bool WriteLockValue(Session& s, bool value, const std::string& caption, int retry_ms) {
   const std::string& ini = s.options.IniFileName;
   bool written = WriteINIBool(s.env, ini, kCommon, WriteLock, value);
-  for (int attempt = 1; !written && attempt < kWriteAttempts; ++attempt) {
+  for (int attempt = 1; !written && attempt < kWriteAttempts &&
+                        !s.env.LastWriteFailureIsPermanent();
+       ++attempt) {
     s.ui.SetMenuCaption(caption + Dots(attempt));
     s.ui.RefreshMenu();
     s.env.SleepMs(retry_ms);

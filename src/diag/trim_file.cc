@@ -18,6 +18,10 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr int kPassLimit = 20000;
+
+bool IsHeader(const std::string& line) {
+  return !line.empty() && line[0] == '[' && line.find(']') != std::string::npos;
+}
 constexpr int kProfileLockWaitMs = 5000;
 const std::string kHeaderPrefix = ";Ferrow v";
 
@@ -55,6 +59,7 @@ class Trimmer {
   // a read error every further pass skips its line.
   void EachLine(int16_t file, int16_t read_step, const std::function<void(std::string&)>& take);
   bool KeepKeyLine(const std::string& line, const std::vector<std::string>& known);
+  bool HasCommonSection(const std::string& file_name);
   void CopyKnownLines(int16_t source, int16_t temp, const std::vector<std::string>& known,
                       bool filter);
 
@@ -115,7 +120,8 @@ void Trimmer::CopyKnownLines(int16_t source, int16_t temp, const std::vector<std
     } else if (line[0] == ';') {
       Step(120);
       if (!StartsWithNoCase(line, kHeaderPrefix)) Put(temp, line + "\r\n");
-    } else if (line.find('=') == std::string::npos || line[0] == '=') {
+    } else if (IsHeader(line) || line.find('=') == std::string::npos || line[0] == '=') {
+      // A header may hold "=" in its name ([job=42.log]): it is no key line.
       if (line[0] == '[') {
         Step(150);
         Put(temp, "\r\n" + line + "\r\n");
@@ -128,6 +134,10 @@ void Trimmer::CopyKnownLines(int16_t source, int16_t temp, const std::vector<std
   });
 }
 
+// The trimmed text is built whole in a temporary file beside the old one and
+// synced to disk, then put in the old one's place in one step, so that at
+// every moment (a crash, a kill, a full disk) the file is the old one or the
+// trimmed one.
 bool Trimmer::Run(const std::string& file_name, const std::vector<std::string>& known, bool filter) {
   std::string folder = FolderPart(file_name);
   EnsureTrailingSlash(folder);
@@ -135,7 +145,9 @@ bool Trimmer::Run(const std::string& file_name, const std::vector<std::string>& 
   std::string name = file_name;
   const std::string backup = BackupFile(s_.env, name, false);
   Step(13);
-  if (!backup.empty()) {
+  // A file that lost its [Common] section is no copy worth keeping in place
+  // of the last good one.
+  if (!backup.empty() && HasCommonSection(file_name)) {
     Step(14);
     if (FileExists(s_.env, backup) && Unlink(s_.env, backup) != 0) {
       Log(") Failed to unlink(" + backup + ")");
@@ -152,7 +164,9 @@ bool Trimmer::Run(const std::string& file_name, const std::vector<std::string>& 
   }
 
   // Held to the end, so that no profile write of another process lands in the
-  // middle of the rewrite (or is lost between our read and our rewrite).
+  // middle of the rewrite (or is lost between our read and our rewrite). The
+  // file is opened for writing too, so that a file nobody may write is left
+  // as it is.
   Step(18);
   auto profile_lock = s_.env.LockProfile(file_name, kProfileLockWaitMs);
   int16_t source = profile_lock ? files_.FOpen(file_name, "wb", "") : 0;
@@ -176,28 +190,43 @@ bool Trimmer::Run(const std::string& file_name, const std::vector<std::string>& 
                   s_.env.SystemShortDate(now) + " " + s_.env.SystemLongTime(now) + "\r\n");
     Step(40);
     CopyKnownLines(source, temp, known, filter);
-    // A temporary copy that could not be written whole must not replace the file.
-    if (!write_failed_) {
-      Step(200);
-      const int64_t old_length = files_.Length(source);
-      files_.Rewind(source);
-      Step(210);
-      Put(source, std::string(static_cast<size_t>(old_length), '\0'));
-      Step(220);
-      files_.Rewind(source);
-      Step(230);
-      files_.Rewind(temp);
-      EachLine(temp, 240, [&](std::string& line) { Put(source, line + "\r\n"); });
+    Step(200);
+    if (int e = files_.Commit(temp)) {
+      Trap(e);
+      write_failed_ = true;
+    }
+    files_.Close(temp);
+    temp = 0;
+    files_.Close(source);
+    source = 0;
+    Step(210);
+    if (write_failed_) {
+      Log(") Failed to write(" + temp_name + ")");
+    } else if (!s_.env.ReplaceWithFile(temp_name, file_name)) {
+      Log(") Failed to replace(" + file_name + "," + temp_name + ")");
+    } else {
       success = true;
     }
   }
   Step(280);
   if (temp) files_.Close(temp);
   Step(290);
-  files_.Close(source);
+  if (source) files_.Close(source);
   Step(300);
   if (!temp_name.empty() && FileExists(s_.env, temp_name)) Unlink(s_.env, temp_name);
   return success;
+}
+
+bool Trimmer::HasCommonSection(const std::string& file_name) {
+  FileTable files(s_.env);
+  const int16_t file = files.FOpen(file_name, "r", "");
+  std::string line;
+  while (file != 0 && files.LineInput(file, line) == 0) {
+    line = Trim(RemoveChars(line, "\r\n\t\0"sv));
+    if (IsHeader(line) && EqualsNoCase(Trim(line.substr(1, line.rfind(']') - 1)), "Common"))
+      return true;
+  }
+  return false;
 }
 
 }  // namespace

@@ -33,7 +33,10 @@ bool Follower::HasFileChanged(const std::string& file_name, bool limit_high_wate
       env.OsMajorVersion() >= 6 ? FileLenFresh(env, file_name) : env.FileLength(file_name);
   if (!measured || env.IsFolder(file_name)) return false;  // gone, hidden or not a file: next tick
   const int64_t length = *measured;
-  if (length == 0) return false;
+  if (length == 0) {
+    decoder_.Reset();  // emptied: a character held back from before is gone with it
+    return false;
+  }
   if (length < o.LastFileSize) {
     o.LastFileSize = length;
     decoder_.Reset();

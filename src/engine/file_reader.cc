@@ -12,13 +12,32 @@ namespace {
 
 constexpr int64_t kBackwardBlock = 64 * 1024;
 
-// Reads `count` bytes at `offset` in one call; fewer when the file is shorter.
+// No single read asks for more than this: some systems cut reads at 2 GiB.
+constexpr int64_t kMaxReadCall = 64 * 1024 * 1024;
+
+// Reads `count` bytes at `offset`; fewer when the file is shorter.
 std::string ReadAt(SharedFile& file, int64_t offset, int64_t count) {
-  std::string bytes(static_cast<size_t>(std::max<int64_t>(count, 0)), '\0');
   if (count <= 0 || !file.Seek(offset)) return {};
-  int64_t got = file.Read(bytes.data(), count);
-  bytes.resize(static_cast<size_t>(std::max<int64_t>(got, 0)));
+  std::string bytes(static_cast<size_t>(count), '\0');
+  int64_t done = 0;
+  while (done < count) {
+    const int64_t got = file.Read(bytes.data() + done, std::min(count - done, kMaxReadCall));
+    if (got <= 0) break;
+    done += got;
+  }
+  bytes.resize(static_cast<size_t>(done));
   return bytes;
+}
+
+// The bytes after the 1-based position `after`, at most 2 * `max_bytes` +
+// one block of them (the last ones).
+std::optional<std::string> ReadTail(SharedFile& file, int64_t after, int64_t length,
+                                    int64_t max_bytes) {
+  int64_t from = after;
+  if (max_bytes < kNoReadLimit / 4) from = std::max(from, length - (2 * max_bytes + kBackwardBlock));
+  std::string rest = ReadAt(file, from, length - from);
+  if (static_cast<int64_t>(rest.size()) != length - from) return std::nullopt;
+  return rest;
 }
 
 }  // namespace
@@ -48,21 +67,24 @@ std::optional<int64_t> FileLenFresh(Env& env, const std::string& file_name) {
   return env.FileLength(file_name);
 }
 
-std::optional<std::string> ReadLastLines(SharedFile& file, int64_t length, int32_t lines_to_read) {
+std::optional<std::string> ReadLastLines(SharedFile& file, int64_t length, int32_t lines_to_read,
+                                         int64_t max_bytes,
+                                         const std::function<void()>& between_blocks) {
   if (length < 1) return std::string();
   int32_t counter = 0;
+  int64_t newest = 0;  // the line feed before the newest line
+  int64_t cut = 0;     // the line feed beyond which nothing can be shown
   // Positions are 1-based as in the scan they stand for: byte p is at offset p - 1.
   for (int64_t block_end = length; block_end >= 1;) {
+    if (between_blocks) between_blocks();
     const int64_t block_start = std::max<int64_t>(1, block_end - kBackwardBlock + 1);
     const std::string block = ReadAt(file, block_start - 1, block_end - block_start + 1);
     if (static_cast<int64_t>(block.size()) != block_end - block_start + 1) return std::nullopt;
     for (int64_t p = block_end; p >= block_start; --p) {
       if (block[static_cast<size_t>(p - block_start)] != '\n' || p >= length) continue;
-      if (++counter == lines_to_read) {
-        std::string rest = ReadAt(file, p, length - p);
-        if (static_cast<int64_t>(rest.size()) != length - p) return std::nullopt;
-        return rest;
-      }
+      if (newest == 0) newest = p;
+      if (cut == 0 && newest - p >= max_bytes) cut = p;
+      if (++counter == lines_to_read) return ReadTail(file, std::max(p, cut), length, max_bytes);
     }
     block_end = block_start - 1;
   }

@@ -83,7 +83,11 @@ void Follower::LoadFileToTextBox(const std::string& file_name, TextBox& box, int
   std::string bytes;
   if (lines_to_read != 0) {
     auto file = env.OpenShared(file_name);
-    std::optional<std::string> last = file ? ReadLastLines(*file, length, lines_to_read) : std::nullopt;
+    // Only what the buffer can show is read; the scan lets window events run.
+    std::optional<std::string> last =
+        file ? ReadLastLines(*file, length, lines_to_read, buffer > 0 ? buffer : kNoReadLimit,
+                             [&env] { env.LetEventsRun(); })
+             : std::nullopt;
     if (!last) {
       session_.ui.ShowMessage("File " + file_name + " is not accessible", "Error",
                               MessageIcon::Information);

@@ -1,6 +1,7 @@
 // Pausing, resuming and restarting the following of the current file.
 #include "about/product.h"
 #include "config/settings.h"
+#include "diag/error_report.h"
 #include "display/filters.h"
 #include "display/text_box.h"
 #include "display/text_ops.h"
@@ -10,6 +11,11 @@
 #include "support/paths.h"
 
 namespace ferrow {
+namespace {
+
+constexpr int kErrFileNotFound = 53;
+
+}  // namespace
 
 void Follower::cmdPause_Click() {
   windows_.SetTimerEnabled(!windows_.TimerEnabled());
@@ -39,7 +45,16 @@ void Follower::RestartFollowing() {
   RebuildFilterWords(o);
   const std::string box_text = windows_.FileNameBoxText();
   if (!box_text.empty()) o.FileName = box_text;
-  o.LastFileSize = session_.env.FileLength(o.FileName).value_or(0);
+  session_.ErrorLine = 30;
+  const std::optional<int64_t> length = session_.env.FileLength(o.FileName);
+  if (!length) {
+    // The file has vanished: report it and stop here, leaving the window,
+    // the marks and the timer as they are, so that nothing is shown twice.
+    ReportError(session_, kErrFileNotFound, ErrorDescription(kErrFileNotFound),
+                session_.ErrorLine, "FerrowRestart");
+    return;
+  }
+  o.LastFileSize = *length;
   decoder_.Reset();
 
   session_.ErrorLine = 40;

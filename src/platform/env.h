@@ -47,8 +47,13 @@ class Env {
   // Length of the named file, or nothing when it cannot be asked.
   virtual std::optional<int64_t> FileLength(const std::string& path) = 0;
 
-  // Opens for reading without ever blocking a writer (nullptr on failure).
+  // Opens a regular file for reading without ever blocking a writer (nullptr
+  // on failure). Anything else (a FIFO, a device) is refused without waiting
+  // for a writer to appear.
   virtual std::unique_ptr<SharedFile> OpenShared(const std::string& path) = 0;
+
+  // True when `path` names a regular file (not a folder, FIFO or device).
+  virtual bool IsRegularFile(const std::string& path) = 0;
 
   // A C stream for the numbered-file layer; `mode` is an fopen mode. Other
   // processes may read and write the file while it is open.
@@ -64,12 +69,23 @@ class Env {
   // the key. Returns false when the write could not be done now.
   virtual bool WriteProfileString(const char* section, const char* key, const char* value,
                                   const std::string& path) = 0;
+  // After WriteProfileString failed on this thread: true when waiting cannot
+  // mend the failure (permission denied, read-only file system, disk full),
+  // false when it may pass (a sharing violation, a lock held elsewhere).
+  virtual bool LastWriteFailureIsPermanent() = 0;
 
   // 0 on success, like the C library's unlink.
   virtual int RemoveFile(const std::string& path) = 0;
   virtual bool CopyWholeFile(const std::string& from, const std::string& to) = 0;
   // Renames, replacing nothing: fails when `to` exists.
   virtual bool RenameFile(const std::string& from, const std::string& to) = 0;
+  // Puts the file `from` in the place of `to` in one step, so that a reader
+  // (or a crash) finds either the old `to` or all of `from`. `to` keeps its
+  // permissions, and when it is a symbolic link the link stays and its
+  // target is replaced.
+  virtual bool ReplaceWithFile(const std::string& from, const std::string& to) = 0;
+  // Writes out what `stream` buffers and waits until the device holds it.
+  virtual bool SyncStream(std::FILE* stream) = 0;
   virtual bool IsFolder(const std::string& path) = 0;
   virtual bool IsFolderWritable(const std::string& folder) = 0;
   virtual bool CreateFolders(const std::string& folder) = 0;
@@ -135,6 +151,7 @@ class EnvWrapper : public Env {
   std::unique_ptr<SharedFile> OpenShared(const std::string& p) override {
     return target_->OpenShared(p);
   }
+  bool IsRegularFile(const std::string& p) override { return target_->IsRegularFile(p); }
   std::FILE* OpenStream(const std::string& p, const char* m) override {
     return target_->OpenStream(p, m);
   }
@@ -143,6 +160,7 @@ class EnvWrapper : public Env {
                           const std::string& p) override {
     return target_->WriteProfileString(s, k, v, p);
   }
+  bool LastWriteFailureIsPermanent() override { return target_->LastWriteFailureIsPermanent(); }
   int RemoveFile(const std::string& p) override { return target_->RemoveFile(p); }
   bool CopyWholeFile(const std::string& f, const std::string& t) override {
     return target_->CopyWholeFile(f, t);
@@ -150,6 +168,10 @@ class EnvWrapper : public Env {
   bool RenameFile(const std::string& f, const std::string& t) override {
     return target_->RenameFile(f, t);
   }
+  bool ReplaceWithFile(const std::string& f, const std::string& t) override {
+    return target_->ReplaceWithFile(f, t);
+  }
+  bool SyncStream(std::FILE* s) override { return target_->SyncStream(s); }
   bool IsFolder(const std::string& p) override { return target_->IsFolder(p); }
   bool IsFolderWritable(const std::string& f) override { return target_->IsFolderWritable(f); }
   bool CreateFolders(const std::string& f) override { return target_->CreateFolders(f); }

@@ -21,6 +21,7 @@ namespace ferrow {
 
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path);
+bool PosixLastWriteFailureIsPermanent();
 std::string PosixShortDate(const std::tm& when);
 std::string PosixLongDate(const std::tm& when);
 std::string PosixLongTime(const std::tm& when);
@@ -83,9 +84,21 @@ class PosixEnv : public Env {
   }
 
   std::unique_ptr<SharedFile> OpenShared(const std::string& path) override {
-    int fd = ::open(PosixPath(path).c_str(), O_RDONLY | O_CLOEXEC);
+    // Without O_NONBLOCK opening a FIFO would wait for a writer for ever.
+    int fd = ::open(PosixPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return nullptr;
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode) ||
+        ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK) != 0) {
+      ::close(fd);
+      return nullptr;
+    }
     return std::make_unique<PosixSharedFile>(fd);
+  }
+
+  bool IsRegularFile(const std::string& path) override {
+    struct stat info {};
+    return ::stat(PosixPath(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {
@@ -105,6 +118,7 @@ class PosixEnv : public Env {
                           const std::string& path) override {
     return PosixWriteProfileString(section, key, value, path);
   }
+  bool LastWriteFailureIsPermanent() override { return PosixLastWriteFailureIsPermanent(); }
 
   int RemoveFile(const std::string& path) override {
     return ::unlink(PosixPath(path).c_str()) == 0 ? 0 : errno;
@@ -131,6 +145,23 @@ class PosixEnv : public Env {
     struct stat info {};
     if (::lstat(PosixPath(to).c_str(), &info) == 0) return false;
     return ::rename(PosixPath(from).c_str(), PosixPath(to).c_str()) == 0;
+  }
+
+  bool ReplaceWithFile(const std::string& from, const std::string& to) override {
+    std::string place = PosixPath(to);
+    if (char* resolved = ::realpath(place.c_str(), nullptr)) {
+      place = resolved;
+      std::free(resolved);
+    }
+    struct stat info {};
+    if (::stat(place.c_str(), &info) == 0 &&
+        ::chmod(PosixPath(from).c_str(), info.st_mode & 07777) != 0)
+      return false;
+    return ::rename(PosixPath(from).c_str(), place.c_str()) == 0;
+  }
+
+  bool SyncStream(std::FILE* stream) override {
+    return std::fflush(stream) == 0 && ::fsync(::fileno(stream)) == 0;
   }
 
   bool IsFolder(const std::string& path) override {

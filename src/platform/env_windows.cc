@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <objbase.h>
+#include <io.h>
 #include <share.h>
 
 #include <cstdlib>
@@ -74,6 +75,9 @@ std::string Date(const std::tm& when, DWORD flags) {
 // configuration file relies on the configuration write lock instead.
 class NoLock : public FileLock {};
 
+// Why the last profile write of this thread failed.
+thread_local DWORD t_last_write_error = ERROR_SUCCESS;
+
 class WindowsEnv : public Env {
  public:
   std::optional<int64_t> FileLength(const std::string& path) override {
@@ -86,7 +90,17 @@ class WindowsEnv : public Env {
     HANDLE h = CreateFileA(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                            FILE_ATTRIBUTE_NORMAL, nullptr);
     if (h == INVALID_HANDLE_VALUE) return nullptr;
+    if (GetFileType(h) != FILE_TYPE_DISK) {  // a pipe or a device such as CON
+      CloseHandle(h);
+      return nullptr;
+    }
     return std::make_unique<WinSharedFile>(h);
+  }
+
+  bool IsRegularFile(const std::string& path) override {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES &&
+           !(attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE));
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {
@@ -103,7 +117,22 @@ class WindowsEnv : public Env {
 
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override {
-    return WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
+    // Kept at once: whatever runs between the failure and the question may
+    // overwrite the thread's last error.
+    const bool written = WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
+    t_last_write_error = written ? ERROR_SUCCESS : GetLastError();
+    return written;
+  }
+  bool LastWriteFailureIsPermanent() override {
+    switch (t_last_write_error) {
+      case ERROR_ACCESS_DENIED:
+      case ERROR_WRITE_PROTECT:
+      case ERROR_DISK_FULL:
+      case ERROR_HANDLE_DISK_FULL:
+        return true;
+      default:  // a sharing violation or a lock passes
+        return false;
+    }
   }
 
   int RemoveFile(const std::string& path) override {
@@ -116,6 +145,15 @@ class WindowsEnv : public Env {
 
   bool RenameFile(const std::string& from, const std::string& to) override {
     return MoveFileA(from.c_str(), to.c_str()) != 0;
+  }
+
+  bool ReplaceWithFile(const std::string& from, const std::string& to) override {
+    return MoveFileExA(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  }
+
+  bool SyncStream(std::FILE* stream) override {
+    return std::fflush(stream) == 0 && _commit(_fileno(stream)) == 0;
   }
 
   bool IsFolder(const std::string& path) override {

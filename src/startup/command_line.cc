@@ -23,9 +23,20 @@ int32_t Clamp(double value, double low, double high) {
   return static_cast<int32_t>(std::clamp(value, low, high));
 }
 
+// A known switch followed by "=" or ":" and a value, such as /H=GET/api.
+bool IsSwitchWithValue(const std::string& token) {
+  static const char* const kNames[] = {"B", "N", "H", "T", "W", "WAIT"};
+  const size_t mark = token.find_first_of("=:");
+  if (mark == std::string::npos || mark < 2) return false;
+  const std::string name = UpperCase(token.substr(1, mark - 1));
+  return std::any_of(std::begin(kNames), std::end(kNames),
+                     [&](const char* known) { return name == known; });
+}
+
 // On POSIX a token such as /var/log/syslog is a path, not a switch.
 bool IsPosixPath(Env& env, const std::string& token) {
   if (NativeSeparator() != '/' || token.empty() || token[0] != '/') return false;
+  if (IsSwitchWithValue(token)) return false;
   // A plain look-up: the existence probe's wildcards would make "/?" a path.
   return token.find('/', 1) != std::string::npos || env.FileLength(token).has_value();
 }

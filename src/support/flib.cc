@@ -90,6 +90,12 @@ int FileTable::Put(int16_t number, std::string_view bytes) {
   return 0;
 }
 
+int FileTable::Commit(int16_t number) {
+  std::FILE* f = Stream(number);
+  if (!f) return kErrBadFileNumber;
+  return env_.SyncStream(f) ? 0 : kErrDeviceIO;
+}
+
 bool FileTable::Rewind(int16_t number) {
   if (number < 1) return false;
   if (OpenFile* file = Find(number)) {

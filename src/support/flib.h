@@ -45,6 +45,10 @@ class FileTable {
   // Writes `bytes` at the current position; 0 or a BASIC error number.
   int Put(int16_t number, std::string_view bytes);
 
+  // Writes out what the file buffers and waits until the disk holds it; 0 or
+  // a BASIC error number.
+  int Commit(int16_t number);
+
   // Moves the file to its first byte; false only when `number` < 1.
   bool Rewind(int16_t number);
 

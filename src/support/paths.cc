@@ -27,7 +27,9 @@ char NativeSeparator() {
 }
 
 bool IsSlash(char c) { return c == '\\' || c == '/'; }
-bool IsPathSeparator(char c) { return IsSlash(c) || c == ':'; }
+// A colon ends a drive prefix ("C:") on Windows, where no file name holds
+// one; elsewhere it is an ordinary character (/var/log/app-10:30.log).
+bool IsPathSeparator(char c) { return IsSlash(c) || (c == ':' && NativeSeparator() == '\\'); }
 
 bool FileExists(Env& env, const std::string& path) {
   std::string probe;

@@ -14,7 +14,7 @@ class Env;
 char NativeSeparator();
 
 bool IsSlash(char c);           // "\" or "/"
-bool IsPathSeparator(char c);   // "\", "/" or ":"
+bool IsPathSeparator(char c);   // "\", "/", or ":" on Windows (a drive prefix)
 
 // True when a file or folder of that name exists. The name is used as a search
 // pattern, so one holding "*" or "?" exists when anything matches it.

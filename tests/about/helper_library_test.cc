@@ -11,6 +11,11 @@
 #include "support/install_layout.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "testing/processes.h"
+#endif
 
 namespace ferrow {
 namespace {
@@ -44,6 +49,30 @@ TEST(HelperLibrary, AllSevenFunctionsAnswer) {
                                    "", 1, -1),
             0);
 }
+
+TEST(HelperLibrary, TextHoldingNulBytesComesBackWholeAsTheBuiltInEscapingGivesIt) {
+  HelperLibrary library = HelperLibrary::BindFile(env(), kLibrary);
+  ASSERT_TRUE(library.loaded());
+  using namespace std::string_literals;
+  for (const std::string& text : {"abc\0def\r\nghi\r\n"s, "\0{x}\0\0C:\\y\0"s, "\0"s}) {
+    EXPECT_EQ(library.RTFFilterNoSlash(text), EscapeBraces(text));
+    EXPECT_EQ(library.RTFFilter(text), RTFEscape(text));
+  }
+}
+
+#ifndef _WIN32
+TEST(HelperLibrary, ShortcutThatIsAFifoOrADeviceAnswersEmptyWithoutBlocking) {
+  HelperLibrary library = HelperLibrary::BindFile(env(), kLibrary);
+  ASSERT_TRUE(library.loaded());
+  testing::TempDir dir;
+  const std::string fifo = dir.File("x.lnk");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  std::optional<std::string> target;
+  EXPECT_TRUE(testing::FinishesWithoutAWriter(fifo, [&] { target = library.GetLinkTarget(fifo); }));
+  EXPECT_EQ(target, "");
+  EXPECT_EQ(library.GetLinkTarget("/dev/zero"), "");
+}
+#endif
 
 TEST(HelperLibrary, FoundBesideTheProgramByItsPlainName) {
   class BesideEnv : public EnvWrapper {

@@ -64,6 +64,16 @@ TEST_F(IniWriteTest, FailingWriteIsTriedTwoHundredTimes) {
   EXPECT_EQ(env.event_runs, 400);  // after each attempt, and again after a failure
 }
 
+TEST_F(IniWriteTest, WriteFailingForGoodIsNotRetried) {
+  env.succeed = [](const char*, const char*) { return false; };
+  env.failures_permanent = true;
+  EXPECT_FALSE(WriteINIFile(env, ini, "A", "k", "v"));
+  EXPECT_FALSE(WriteINIFile(env, ini, "A", "k", ""));
+  EXPECT_FALSE(WriteINIFile(env, ini, "A", "", ""));
+  EXPECT_EQ(env.writes, 3);
+  EXPECT_EQ(env.sleeps, 0);
+}
+
 TEST_F(IniWriteTest, WriteSucceedingOnFourthAttemptStopsThere) {
   env.succeed = [&](const char*, const char*) { return env.writes >= 4; };
   EXPECT_TRUE(WriteINIFile(env, ini, "A", "k", "v"));

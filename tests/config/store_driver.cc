@@ -4,8 +4,15 @@
 //   store_driver hold-lock INI          GetWriteLock(0), print "held", wait to be killed
 //   store_driver tidy INI NAME...       AddToHistory each NAME, then TidyHistory
 //   store_driver remove INI NAME        RemoveFromHistory
+//   store_driver follow INI NAME GO     start-up history load, AddToHistory NAME,
+//                                       print "ready", wait for the file GO, then
+//                                       MergeHistoryAtClose
 //   store_driver save INI SECTION SIZE  SaveFileSettings with FontSize = SIZE
+//   store_driver trim INI               the start-up trim of INI, as a lone instance
 //   store_driver claim NAME [hold]      ClaimInstance; print "another" or "alone"
+//   store_driver start-close DIR FILE   start-up as the program beside DIR/Ferrow.INI
+//                                       following FILE, then what closing writes;
+//                                       prints "startup_ms:N" and "close_ms:N"
 // Captions, and for tidy what it read and what it ended with, go to stdout.
 #include <chrono>
 #include <cstdlib>
@@ -14,7 +21,12 @@
 #include <thread>
 
 #include "config/history.h"
+#include "config/history_close.h"
+#include "config/known_keys.h"
 #include "config/settings.h"
+#include "diag/trim_file.h"
+#include "startup/startup.h"
+#include "support/paths.h"
 #include "config/write_lock.h"
 #include "startup/session.h"
 
@@ -29,6 +41,43 @@ class PrintingUi : public HeadlessUi {
     HeadlessUi::SetMenuCaption(caption);
   }
 };
+
+class BesideEnv : public EnvWrapper {
+ public:
+  explicit BesideEnv(std::string folder) : EnvWrapper(Env::Default()), folder_(std::move(folder)) {}
+  std::string ProgramPath() override { return JoinPath(folder_, "Ferrow"); }
+
+ private:
+  std::string folder_;
+};
+
+long MsSince(std::chrono::steady_clock::time_point start) {
+  return static_cast<long>(std::chrono::duration_cast<std::chrono::milliseconds>(
+                               std::chrono::steady_clock::now() - start)
+                               .count());
+}
+
+// Start-up, then the configuration writes of closing the control window.
+int StartAndClose(const std::string& folder, const std::string& file) {
+  BesideEnv env(folder);
+  Options options;
+  HeadlessUi ui;
+  Session session{env, options, ui};
+  StartupState state(env);
+  auto start = std::chrono::steady_clock::now();
+  if (!RunStartup(session, {file}, state, nullptr)) return 3;
+  std::cout << "startup_ms:" << MsSince(start) << std::endl;
+  start = std::chrono::steady_clock::now();
+  AddToHistory(options, file);
+  if (GetWriteLock(session, 5)) {
+    SaveFileSettings(session, options.FileSection);
+    SaveCommonSettings(session);
+    ReleaseWriteLock(session);
+  }
+  MergeHistoryAtClose(session);
+  std::cout << "close_ms:" << MsSince(start) << std::endl;
+  return 0;
+}
 
 [[noreturn]] void WaitToBeKilled() {
   std::cout.flush();
@@ -61,12 +110,21 @@ int main(int argc, char** argv) {
       std::cout << "list:" << options.HistoryList[static_cast<size_t>(i)] << "\n";
     return 0;
   }
+  if (op == "follow" && argc == 5) {
+    LoadHistoryAtStartup(session);
+    AddToHistory(options, argv[3]);
+    std::cout << "ready" << std::endl;
+    while (!env.FileLength(argv[4])) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    return MergeHistoryAtClose(session) ? 0 : 3;
+  }
   if (op == "remove" && argc == 4) return RemoveFromHistory(session, argv[3]) ? 0 : 3;
   if (op == "save" && argc == 5) {
     options.FontSize = static_cast<int16_t>(std::atoi(argv[4]));
     SaveFileSettings(session, argv[3]);
     return 0;
   }
+  if (op == "trim") return TrimFile(session, options.IniFileName, KnownKeys(), true) ? 0 : 3;
+  if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3]);
   if (op == "claim") {
     bool another = false;
     auto claim = env.ClaimInstance(argv[2], another);

@@ -1,6 +1,9 @@
 // The configuration store shared by real processes: each runs store_driver
 // for one operation while a watcher keeps reading the file.
 #include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -83,6 +86,73 @@ TEST_F(StoreProcesses, TwoTidiersNeverTearTheFileAndEachGetsTheMergeOfWhatItRead
   std::string why;
   EXPECT_TRUE(testing::Parseable(ReadBytes(ini), &why)) << why;
   EXPECT_EQ(Key("Common", "WriteLock"), "False");
+}
+
+// Three processes load the history at start-up, each follows a file of its
+// own, and they close one after the other in every possible order.
+TEST_F(StoreProcesses, ThreeFollowersClosedInAnyOrderLeaveAllThreeInTheHistory) {
+  const Names followed = {"a.log", "b.log", "c.log"};
+  std::vector<int> order = {0, 1, 2};
+  int round = 0;
+  do {
+    SCOPED_TRACE("round " + std::to_string(round));
+    WriteBytes(ini, "[Common]\r\nWriteLock=False\r\nHistoryCount=1\r\nHistory1=old.log\r\n");
+    std::vector<pid_t> pids;
+    Names go;
+    for (int i = 0; i < 3; ++i) {
+      go.push_back(dir.File("go" + std::to_string(round) + std::to_string(i)));
+      pids.push_back(Spawn({kDriver, "follow", ini, followed[static_cast<size_t>(i)], go.back()},
+                           Out(10 * round + i)));
+      ASSERT_GT(pids.back(), 0);
+    }
+    for (int i = 0; i < 3; ++i)
+      while (ReadBytes(Out(10 * round + i)).find("ready") == std::string::npos)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    for (int i : order) {
+      WriteBytes(go[static_cast<size_t>(i)], "x");
+      EXPECT_EQ(WaitExit(pids[static_cast<size_t>(i)]), 0);
+    }
+    EXPECT_EQ(Key("Common", "HistoryCount"), "4");
+    Names history;
+    for (int i = 1; i <= 4; ++i) history.push_back(Key("Common", "History" + std::to_string(i)));
+    EXPECT_EQ(history, (Names{"a.log", "b.log", "c.log", "old.log"}));
+    ++round;
+  } while (std::next_permutation(order.begin(), order.end()));
+}
+
+// A configuration file nobody may write: the program starts and closes as
+// an unprivileged user (root writes anything, so a root test run drops to
+// nobody for it), and neither step may spend minutes retrying.
+TEST_F(StoreProcesses, UnwritableConfigurationFileCostsAtMostAFewSecondsAtStartAndAtClose) {
+  const std::string followed = dir.File("app.log");
+  const std::string text = "[Common]\r\nWriteLock=False\r\nHistoryCount=1\r\nHistory1=old.log\r\n";
+  WriteBytes(followed, "a line\r\n");
+  WriteBytes(ini, text);
+  ASSERT_EQ(::chmod(dir.path().c_str(), 0777), 0);
+  ASSERT_EQ(::chmod(ini.c_str(), 0444), 0);
+  pid_t p = Spawn(testing::Unprivileged({kDriver, "start-close", dir.path(), followed}), Out(1));
+  ASSERT_GT(p, 0);
+  int status = 0;
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (::waitpid(p, &status, WNOHANG) == 0) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      ::kill(p, SIGKILL);
+      ::waitpid(p, &status, 0);
+      FAIL() << "still retrying after 30 seconds: " << ReadBytes(Out(1));
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << ReadBytes(Out(1));
+  const std::string printed = ReadBytes(Out(1));
+  const Names startup = LinesStartingWith(printed, "startup_ms:");
+  const Names close = LinesStartingWith(printed, "close_ms:");
+  ASSERT_EQ(startup.size(), 1u) << printed;
+  ASSERT_EQ(close.size(), 1u) << printed;
+  EXPECT_LT(std::stol(startup[0]), 3000);
+  EXPECT_LT(std::stol(close[0]), 3000);
+  EXPECT_EQ(ReadBytes(ini), text);
+  std::cout << "unwritable configuration file: start-up " << startup[0] << " ms, close "
+            << close[0] << " ms\n";
 }
 
 TEST_F(StoreProcesses, ProcessFindingTheLockHeldWaitsAndGivesUp) {

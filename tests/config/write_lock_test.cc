@@ -106,6 +106,16 @@ TEST_F(WriteLockTest, FailingLockWriteIsRetriedWithGrowingDots) {
   EXPECT_EQ(env.writes, 100 * 200);
 }
 
+TEST_F(WriteLockTest, LockWriteFailingForGoodIsNotRetried) {
+  WriteIni("[Common]\r\nWriteLock=False\r\n");
+  env.succeed = [](const char*, const char*) { return false; };
+  env.failures_permanent = true;
+  EXPECT_FALSE(GetWriteLock(session, 5));
+  EXPECT_FALSE(ReleaseWriteLock(session));
+  EXPECT_EQ(env.writes, 2);
+  EXPECT_EQ(env.sleeps, 0);
+}
+
 TEST_F(WriteLockTest, FailingReleaseIsRetriedEveryQuarterSecond) {
   int calls = 0;
   env.succeed = [&](const char*, const char*) { return ++calls > 200 * 2; };

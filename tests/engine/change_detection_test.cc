@@ -96,6 +96,18 @@ TEST_F(ChangeDetection, CharacterSplitBetweenTwoPollsIsShownWhole) {
   EXPECT_EQ(Shown().find("\xEF\xBF\xBD"), std::string::npos);
 }
 
+TEST_F(ChangeDetection, PartialCharacterHeldBackIsDroppedWhenTheFileIsEmptied) {
+  StartAt("");
+  Write({"append", log, "caf\xC3"});
+  Tick();
+  Write({"truncate", log, "0"});  // copy-truncate rotation
+  Tick();
+  Append("new file+more\n");  // past the old length before the next poll
+  Tick();
+  EXPECT_EQ(Shown(), "caf\nfile+more\n");
+  EXPECT_EQ(Shown().find("\xEF\xBF\xBD"), std::string::npos);
+}
+
 TEST_F(ChangeDetection, BytesThatAreNotUtf8ShowAsReplacementMarks) {
   StartAt("");
   Write({"append", log, "bad \xFF\xFE bytes\n"});

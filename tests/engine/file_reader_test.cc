@@ -54,6 +54,37 @@ TEST(ReadLastLines, ThreeLinesEndingInLineFeed) {
   EXPECT_EQ(ReadLastLines(*file, 0, 2), "");
 }
 
+TEST(ReadLastLines, LinesBeyondWhatTheWindowKeepsAreScannedButNotRead) {
+  TempDir dir;
+  std::string data;
+  for (int i = 0; i < 100000; ++i) data += "line " + std::to_string(100000 + i) + "\n";  // 12 bytes
+  WriteBytes(dir.File("f"), data);
+  auto file = env().OpenShared(dir.File("f"));
+  const int64_t length = static_cast<int64_t>(data.size());
+  int blocks = 0;
+  auto got = ReadLastLines(*file, length, 50000, 10000, [&] { ++blocks; });
+  ASSERT_TRUE(got);
+  // Lines that begin 10000 bytes or more before the newest one are left out.
+  EXPECT_EQ(*got, data.substr(data.size() - 12 * 835));
+  EXPECT_EQ(blocks, static_cast<int>((12 * 50000 + 65535) / 65536));
+  // Lines that all fit come whole, and a count beyond the file still gives nothing.
+  EXPECT_EQ(ReadLastLines(*file, length, 100, 10000), ByteByByte(data, 100));
+  blocks = 0;
+  EXPECT_EQ(ReadLastLines(*file, length, INT32_MAX, 10000, [&] { ++blocks; }), "");
+  EXPECT_EQ(blocks, static_cast<int>((length + 65535) / 65536));
+}
+
+TEST(ReadLastLines, NewestLineLongerThanTwiceTheBufferKeepsOnlyItsEnd) {
+  TempDir dir;
+  const std::string data = "old\n" + std::string(3000000, 'x') + "\n";
+  WriteBytes(dir.File("f"), data);
+  auto file = env().OpenShared(dir.File("f"));
+  auto got = ReadLastLines(*file, static_cast<int64_t>(data.size()), 1, 100000);
+  ASSERT_TRUE(got);
+  EXPECT_EQ(got->size(), 2u * 100000 + 65536);
+  EXPECT_EQ(*got, data.substr(data.size() - got->size()));
+}
+
 TEST(ReadFileFromPos, PositionPastTheEndReadsTheLastTwoBytes) {
   TempDir dir;
   WriteBytes(dir.File("f"), "abcdef");

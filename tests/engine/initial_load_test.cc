@@ -7,6 +7,11 @@
 #include "engine/engine_fixture.h"
 #include "engine/file_reader.h"
 #include "platform/env.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "testing/processes.h"
+#endif
 
 namespace ferrow {
 namespace {
@@ -94,6 +99,63 @@ TEST_F(InitialLoad, DocumentIsKeptWithinTheBufferByDroppingTheOldestLines) {
   EXPECT_LT(Shown().size(), 2000u);
   EXPECT_EQ(Shown().substr(Shown().size() - 9), "line 499\n");
 }
+
+// Watches the reads of the followed file: the largest single read asked for.
+class ReadWatchEnv : public testing::ProfileWriteEnv {
+ public:
+  class Watched : public SharedFile {
+   public:
+    Watched(std::unique_ptr<SharedFile> file, int64_t& largest) : file_(std::move(file)), largest_(largest) {}
+    bool Seek(int64_t offset) override { return file_->Seek(offset); }
+    int64_t Read(char* buffer, int64_t size) override {
+      largest_ = std::max(largest_, size);
+      return file_->Read(buffer, size);
+    }
+
+   private:
+    std::unique_ptr<SharedFile> file_;
+    int64_t& largest_;
+  };
+  std::unique_ptr<SharedFile> OpenShared(const std::string& path) override {
+    auto file = ProfileWriteEnv::OpenShared(path);
+    return file ? std::make_unique<Watched>(std::move(file), largest_read) : nullptr;
+  }
+  int64_t largest_read = 0;
+};
+
+TEST_F(InitialLoad, HugeLineCountReadsOnlyWhatTheBufferCanShowAndShowsTheSameLines) {
+  options.MaxInputLength = 65536;
+  std::string text;
+  for (int i = 0; i < 400000; ++i) text += "line " + std::to_string(1000000 + i) + "\n";  // 13 bytes
+  testing::WriteBytes(log, text);
+  ReadWatchEnv watch;
+  Session s{watch, options, ui};
+  Follower f(s, windows);
+  f.LoadFileToTextBox(log, windows.box, 300000);
+  EXPECT_LE(watch.largest_read, 3 * 65536);
+  EXPECT_GT(watch.event_runs, 5200000 / 65536);  // the scan let events run
+  const std::string shown = Shown();
+  EXPECT_EQ(shown.substr(shown.size() - 13), "line 1399999\n");
+
+  // The same file cut to its last 20000 lines, which still overflow the
+  // buffer, shows exactly the same.
+  testing::WriteBytes(log, text.substr(text.size() - 13 * 20000));
+  windows.box.SetText("");
+  Load(19999);
+  EXPECT_EQ(Shown(), shown);
+}
+
+#ifndef _WIN32
+TEST_F(InitialLoad, FifoDroppedAsTheFollowedFileIsNeverWaitedOn) {
+  ASSERT_EQ(::mkfifo(log.c_str(), 0600), 0);
+  EXPECT_TRUE(testing::FinishesWithoutAWriter(log, [&] {
+    Load(0);
+    Load(5);
+    Tick();
+    follower.ReadChangedFile(log, 1);
+  }));
+}
+#endif
 
 TEST_F(InitialLoad, BufferSmallerThanTheHeaderRestartsTheLogWindowAndEnds) {
   options.MaxInputLength = 100;

@@ -85,5 +85,27 @@ TEST_F(EngineTest, RestartTakesTheNameFromTheFileNameBox) {
   EXPECT_EQ(options.LastFileSize, 5);
 }
 
+TEST_F(EngineTest, RestartOnAVanishedFileReportsItAndLeavesWindowMarksAndTimerAsTheyWere) {
+  options.Debug = options.LoggingEnabled = true;
+  Append("one\ntwo\n");
+  Tick();
+  const int64_t mark = options.LastFileSize;
+  const std::string shown = Shown();
+  windows.timer_enabled = false;
+  windows.file_name_box = log;
+  ASSERT_EQ(Env::Default()->RemoveFile(log), 0);
+  follower.FerrowRestart();
+  EXPECT_EQ(options.LastFileSize, mark);
+  EXPECT_EQ(Shown(), shown);
+  EXPECT_FALSE(windows.timer_enabled);
+  EXPECT_NE(Log().find("Error 53 (File not found) at 30 in FerrowRestart()"), std::string::npos)
+      << Log();
+  // Back with the same text, it is not shown a second time.
+  Append("one\ntwo\n");
+  windows.timer_enabled = true;
+  Tick();
+  EXPECT_EQ(Shown(), shown);
+}
+
 }  // namespace
 }  // namespace ferrow

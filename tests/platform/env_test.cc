@@ -7,6 +7,11 @@
 #include "support/dates.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+
+#include "testing/processes.h"
+#endif
 
 namespace ferrow {
 namespace {
@@ -138,8 +143,25 @@ TEST(Env, ProfileLockKeepsProfileWritersOut) {
     auto lock = env().LockProfile(ini, 100);
     ASSERT_TRUE(lock);
     EXPECT_FALSE(env().WriteProfileString("Common", "k", "v", ini));
+    EXPECT_FALSE(env().LastWriteFailureIsPermanent());  // a held lock passes
   }
   EXPECT_TRUE(env().WriteProfileString("Common", "k", "v", ini));
+}
+
+TEST(Env, FifoOrDeviceIsRefusedForSharedReadingWithoutBlocking) {
+  TempDir dir;
+  const std::string fifo = dir.File("x.log");
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  std::unique_ptr<SharedFile> opened;
+  EXPECT_TRUE(testing::FinishesWithoutAWriter(fifo, [&] { opened = env().OpenShared(fifo); }));
+  EXPECT_EQ(opened, nullptr);
+  EXPECT_EQ(env().OpenShared("/dev/zero"), nullptr);
+  EXPECT_FALSE(env().IsRegularFile(fifo));
+  EXPECT_FALSE(env().IsRegularFile("/dev/null"));
+  EXPECT_FALSE(env().IsRegularFile(dir.path()));
+  WriteBytes(dir.File("a.log"), "x");
+  EXPECT_TRUE(env().IsRegularFile(dir.File("a.log")));
+  EXPECT_NE(env().OpenShared(dir.File("a.log")), nullptr);
 }
 
 TEST(Env, UserConfigFolderFollowsXdgConfigHome) {

@@ -1,5 +1,8 @@
 // Many processes writing one configuration file at once: no update may be
 // lost, and a reader must never find the file torn.
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include <set>
@@ -61,6 +64,21 @@ TEST(ProfileWriterProcesses, EightWritersLoseNoKeyAndReadersNeverSeeATornFile) {
     }
   }
   EXPECT_EQ(ReadINIFile(*Env::Default(), ini, "Section1", "P7Key199"), "P7-value-199");
+}
+
+// A folder nobody may write holding a configuration file everybody may: the
+// write happens in place. Root writes any folder, so a root test run drops to
+// nobody for the writer.
+TEST(ProfileWriterProcesses, FileInAFolderThatCannotBeWrittenIsStillWrittenInPlace) {
+  TempDir dir;
+  const std::string ini = dir.File("Ferrow.INI");
+  testing::WriteBytes(ini, "[Section0]\r\nOld=1\r\n");
+  ASSERT_EQ(::chmod(ini.c_str(), 0666), 0);
+  ASSERT_EQ(::chmod(dir.path().c_str(), 0555), 0);
+  EXPECT_EQ(testing::WaitExit(Spawn(testing::Unprivileged({FERROW_INI_WRITER_CHILD, ini, "P", "3", "1"}))), 0);
+  ::chmod(dir.path().c_str(), 0755);
+  EXPECT_EQ(ReadBytes(ini),
+            "[Section0]\r\nOld=1\r\nPKey0=P-value-0\r\nPKey1=P-value-1\r\nPKey2=P-value-2\r\n");
 }
 
 }  // namespace

@@ -101,5 +101,42 @@ TEST(ProfileWriter, LeavesNoTemporaryFilesBehind) {
 }
 #endif
 
+TEST(ProfileWriter, SectionNameHoldingABracketIsFoundAgainSoRepeatedSavesDoNotGrowTheFile) {
+  TempDir dir;
+  const std::string ini = dir.File("Ferrow.INI");
+  ASSERT_TRUE(WriteINIFile(env(), ini, "log[1].txt", "FontSize", "10"));
+  const std::string once = ReadBytes(ini);
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(WriteINIFile(env(), ini, "log[1].txt", "FontSize", "10"));
+  EXPECT_EQ(ReadBytes(ini), once);
+  ASSERT_TRUE(WriteINIFile(env(), ini, "log[1].txt", "FontSize", "12"));
+  EXPECT_EQ(ReadINIFile(env(), ini, "log[1].txt", "FontSize"), "12");
+  EXPECT_EQ(ReadBytes(ini), "[log[1].txt]\r\nFontSize=12\r\n");
+}
+
+TEST(ProfileWriter, TabIndentedKeyIsRewrittenWhereTheReaderFindsIt) {
+  TempDir dir;
+  const std::string ini = dir.File("Ferrow.INI");
+  WriteBytes(ini, "[Common]\r\n\tHistoryCount=1\r\n\t[app.log]\t\r\n\tFontSize=9\r\n");
+  ASSERT_TRUE(WriteINIFile(env(), ini, "Common", "HistoryCount", "2"));
+  ASSERT_TRUE(WriteINIFile(env(), ini, "app.log", "FontSize", "11"));
+  EXPECT_EQ(ReadINIFile(env(), ini, "Common", "HistoryCount"), "2");
+  EXPECT_EQ(ReadINIFile(env(), ini, "app.log", "FontSize"), "11");
+#ifndef _WIN32  // our writer keeps the lines it does not concern byte for byte
+  EXPECT_EQ(ReadBytes(ini), "[Common]\r\nHistoryCount=2\r\n\t[app.log]\t\r\nFontSize=11\r\n");
+#endif
+}
+
+#ifndef _WIN32
+TEST(ProfileWriter, ConfigurationFileThatIsASymbolicLinkIsWrittenThroughTheLink) {
+  TempDir dir;
+  const std::string real = dir.File("real.INI"), link = dir.File("Ferrow.INI");
+  WriteBytes(real, "[Common]\r\nHistoryCount=0\r\n");
+  std::filesystem::create_symlink(real, link);
+  ASSERT_TRUE(WriteINIFile(env(), link, "Common", "HistoryCount", "3"));
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_EQ(ReadBytes(real), "[Common]\r\nHistoryCount=3\r\n");
+}
+#endif
+
 }  // namespace
 }  // namespace ferrow

@@ -160,6 +160,23 @@ TEST_F(CommandLineTest, PathStartingWithSlashIsAFileOnPosix) {
   }
 }
 
+TEST_F(CommandLineTest, KnownSwitchWithAValueHoldingASlashStaysASwitch) {
+  Apply("/H=GET/api /var/log/nginx/access.log /T:Paper/x -B=64/2");
+  EXPECT_EQ(options.FilterString, "GET/api");
+  EXPECT_EQ(options.MaxInputLength, 64 * 1024);
+  if (NativeSeparator() == '/') {
+    EXPECT_EQ(options.LastFileSelected, "/var/log/nginx/access.log");
+    EXPECT_EQ(options.FileSection, "access.log");
+  }
+}
+
+TEST_F(CommandLineTest, ColonInAPosixFileNameBelongsToItsSection) {
+  if (NativeSeparator() != '/') GTEST_SKIP() << "Windows names hold no colon";
+  Apply("/var/log/app-10:30.log");
+  EXPECT_EQ(options.LastFileSelected, "/var/log/app-10:30.log");
+  EXPECT_EQ(options.FileSection, "app-10:30.log");
+}
+
 TEST(UsageText, ElevenLinesEachStartingWithTheProductName) {
   std::string text = BuildUsageText(250);
   EXPECT_EQ(text.rfind("Ferrow /F     Bring as much as possible from start of file\r\n", 0), 0u);

@@ -12,7 +12,22 @@ TEST(FolderPart, ExamplesFromDrivePathsUncAndBareNames) {
   EXPECT_EQ(FolderPart("C:\\app.log"), "C:\\");
   EXPECT_EQ(FolderPart("app.log"), "");
   EXPECT_EQ(FolderPart("\\\\server\\share\\x.log"), "\\\\server\\share");
-  EXPECT_EQ(FolderPart("C:x.log"), "C:");
+}
+
+// A drive prefix exists on Windows only; elsewhere ":" is part of a name.
+const bool kDrives = NativeSeparator() == '\\';
+
+TEST(FolderPart, DrivePrefixEndsTheFolderOnWindowsOnly) {
+  EXPECT_EQ(FolderPart("C:x.log"), kDrives ? "C:" : "");
+}
+
+TEST(PathParts, ColonIsAnOrdinaryCharacterOfPosixNames) {
+  if (kDrives) GTEST_SKIP() << "Windows names hold no colon";
+  EXPECT_EQ(FileNamePart("/var/log/app-10:30.log"), "app-10:30.log");
+  EXPECT_EQ(FolderPart("/var/log/app-10:30.log"), "/var/log");
+  EXPECT_EQ(FileExtension("/var/log/x.y:z"), "y:z");
+  std::string folder = "/srv/a:";
+  EXPECT_EQ(EnsureTrailingSlash(folder), "/srv/a:/");
 }
 
 TEST(FolderPart, PathEndingInTwoBackslashesKeepsOne) {
@@ -39,9 +54,9 @@ TEST(FolderPart, ForwardSlashesSeparateFolders) {
   EXPECT_EQ(FolderPart("logs/a/b.log"), "logs/a");
 }
 
-TEST(FileNamePart, TakesTextAfterLastSlashOrColon) {
+TEST(FileNamePart, TakesTextAfterLastSlashOrDrivePrefix) {
   EXPECT_EQ(FileNamePart("C:\\logs\\app.log"), "app.log");
-  EXPECT_EQ(FileNamePart("C:app.log"), "app.log");
+  EXPECT_EQ(FileNamePart("C:app.log"), kDrives ? "app.log" : "C:app.log");
   EXPECT_EQ(FileNamePart("app.log"), "app.log");
   EXPECT_EQ(FileNamePart("/var/log/app.log"), "app.log");
   EXPECT_EQ(FileNamePart("C:\\logs\\"), "");
@@ -69,10 +84,10 @@ TEST(EnsureTrailingSlash, AppendsNativeSeparatorAndChangesCallersString) {
   EXPECT_EQ(path, "C:\\logs" + kSep);
 }
 
-TEST(EnsureTrailingSlash, LeavesPathsEndingInSlashOrColonAlone) {
+TEST(EnsureTrailingSlash, LeavesPathsEndingInSlashOrDriveColonAlone) {
   std::string a = "C:\\logs\\", b = "C:", c = "/var/log/";
   EXPECT_EQ(EnsureTrailingSlash(a), "C:\\logs\\");
-  EXPECT_EQ(EnsureTrailingSlash(b), "C:");
+  EXPECT_EQ(EnsureTrailingSlash(b), kDrives ? "C:" : "C:/");
   EXPECT_EQ(EnsureTrailingSlash(c), "/var/log/");
 }
 

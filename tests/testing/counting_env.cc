@@ -28,8 +28,13 @@ bool ProfileWriteEnv::WriteProfileString(const char* section, const char* key, c
                                          const std::string& path) {
   ++writes;
   if (key && !value) ++deletes_of_key;
-  if (succeed && !succeed(key, value)) return false;
+  faked_failure_ = succeed && !succeed(key, value);
+  if (faked_failure_) return false;
   return CountingEnv::WriteProfileString(section, key, value, path);
+}
+
+bool ProfileWriteEnv::LastWriteFailureIsPermanent() {
+  return faked_failure_ ? failures_permanent : CountingEnv::LastWriteFailureIsPermanent();
 }
 
 }  // namespace ferrow::testing

@@ -48,9 +48,17 @@ class ProfileWriteEnv : public CountingEnv {
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override;
 
+  // A failure `succeed` made counts as permanent when `failures_permanent`
+  // says so; a real one as the real writer says.
+  bool LastWriteFailureIsPermanent() override;
+
   int writes = 0;
   int deletes_of_key = 0;
+  bool failures_permanent = false;
   std::function<bool(const char* key, const char* value)> succeed;  // default: real write
+
+ private:
+  bool faked_failure_ = false;
 };
 
 }  // namespace ferrow::testing

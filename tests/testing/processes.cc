@@ -4,6 +4,10 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <unistd.h>
+
+#include <chrono>
+#include <future>
 #include <sstream>
 
 #include "testing/temp_dir.h"
@@ -11,6 +15,13 @@
 extern char** environ;
 
 namespace ferrow::testing {
+
+std::vector<std::string> Unprivileged(std::vector<std::string> args) {
+  if (::geteuid() == 0)
+    args.insert(args.begin(), {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534",
+                               "--clear-groups"});
+  return args;
+}
 
 pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path) {
   std::vector<char*> argv;
@@ -79,6 +90,29 @@ TornFileWatch::~TornFileWatch() { Stop(); }
 void TornFileWatch::Stop() {
   watching_ = false;
   if (thread_.joinable()) thread_.join();
+}
+
+}  // namespace ferrow::testing
+
+namespace ferrow::testing {
+
+bool FinishesWithoutAWriter(const std::string& fifo, const std::function<void()>& work,
+                            int seconds) {
+  std::promise<void> done;
+  std::future<void> finished = done.get_future();
+  std::thread worker([&] {
+    work();
+    done.set_value();
+  });
+  const bool in_time =
+      finished.wait_for(std::chrono::seconds(seconds)) == std::future_status::ready;
+  // Writers come and go until the work has seen one and ended.
+  while (finished.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready) {
+    int fd = ::open(fifo.c_str(), O_WRONLY | O_NONBLOCK);
+    if (fd >= 0) ::close(fd);
+  }
+  worker.join();
+  return in_time;
 }
 
 }  // namespace ferrow::testing

@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <atomic>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,6 +15,10 @@ namespace ferrow::testing {
 // Starts `args[0]` with `args`; its standard output goes to `stdout_path`
 // when given. Returns the process id, or -1.
 pid_t Spawn(const std::vector<std::string>& args, const std::string& stdout_path = "");
+
+// `args` to run as an unprivileged user: as they are, or behind setpriv
+// dropping to nobody when the tests run as root (who may write anything).
+std::vector<std::string> Unprivileged(std::vector<std::string> args);
 
 // Waits for the process; its exit code, or -1 when it did not exit normally.
 int WaitExit(pid_t pid);
@@ -46,5 +51,16 @@ class TornFileWatch {
   std::string first_problem_;
   std::thread thread_;
 };
+
+}  // namespace ferrow::testing
+
+namespace ferrow::testing {
+
+// Runs `work` on a thread of its own and waits up to `seconds` for it. Should
+// it still be waiting on the FIFO at `fifo` by then, a writer opens and
+// closes the FIFO so that the work ends (and the test with it) instead of
+// hanging. True when the work finished within the time by itself.
+bool FinishesWithoutAWriter(const std::string& fifo, const std::function<void()>& work,
+                            int seconds = 5);
 
 }  // namespace ferrow::testing
