@@ -21,7 +21,10 @@ class CountingEnv : public EnvWrapper {
     slept_ms += ms;
     if (on_sleep) on_sleep();
   }
-  void LetEventsRun() override { ++event_runs; }
+  void LetEventsRun() override {
+    ++event_runs;
+    if (on_events) on_events();
+  }
 
   std::time_t Now() override { return FixedNow() + slept_ms / 1000; }
   std::string SystemDateSeparator() override { return date_separator; }
@@ -34,6 +37,7 @@ class CountingEnv : public EnvWrapper {
   int event_runs = 0;
   std::string date_separator = "/";
   std::function<void()> on_sleep;
+  std::function<void()> on_events;  // what the user does while events run
 };
 
 // Counts and then fails or passes every profile write, to drive the writer's
