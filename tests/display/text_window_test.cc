@@ -4,38 +4,16 @@
 
 #include "config/ini_file.h"
 #include "display/append_block.h"
-#include "display/control_port.h"
 #include "display/text_ops.h"
 #include "display/text_window_proc.h"
 #include "testing/fake_text_view.h"
+#include "testing/fake_control_window.h"
 #include "testing/session_fixture.h"
 
 namespace ferrow {
 namespace {
 
-class FakeControlWindow : public ControlWindowPort {
- public:
-  void SetFileNameBox(const std::string& name) override { box = name; }
-  void OK_Click(bool startup, int16_t interval, bool sound) override {
-    opened.push_back(box);
-    EXPECT_FALSE(startup);
-    EXPECT_EQ(interval, 0);
-    EXPECT_FALSE(sound);
-  }
-  void StopTimer() override { ++timer_stops; }
-  void ShowNormalAndActivate() override { ++activations; }
-  bool ProgramClosing() override { return closing; }
-  void TextWindowClosed(const TextBox& closed) override {
-    EXPECT_EQ(&closed, shown_box);
-    ++closes;
-  }
-
-  std::string box;
-  std::vector<std::string> opened;
-  const TextBox* shown_box = nullptr;
-  int timer_stops = 0, activations = 0, closes = 0;
-  bool closing = false;
-};
+using testing::FakeControlWindow;
 
 class TextWindowTest : public testing::SessionTest {
  protected:
