@@ -15,22 +15,6 @@ std::string Title(const std::string& title) {
   return ToAnsi(title.empty() ? std::string(kProductName) : title);
 }
 
-// Counts a modal box's own message loop as an event pass, when there is a gate.
-class ModalPass {
- public:
-  explicit ModalPass(WindowGate* gate) : gate_(gate) {
-    if (gate_) gate_->EnterEventPass();
-  }
-  ~ModalPass() {
-    if (gate_) gate_->LeaveEventPass();
-  }
-  ModalPass(const ModalPass&) = delete;
-  ModalPass& operator=(const ModalPass&) = delete;
-
- private:
-  WindowGate* gate_;
-};
-
 }  // namespace
 
 UINT IconFlags(MessageIcon icon) {
@@ -54,20 +38,20 @@ std::string Win32FileFilter(const std::string& filter) {
 
 void Win32WindowServices::Message(const std::string& text, const std::string& title,
                                   MessageIcon icon) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   MessageBoxA(owner, ToAnsi(text).c_str(), Title(title).c_str(), MB_OK | IconFlags(icon));
 }
 
 bool Win32WindowServices::AskYesNo(const std::string& text, const std::string& title,
                                    MessageIcon icon) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   return MessageBoxA(owner, ToAnsi(text).c_str(), Title(title).c_str(),
                      MB_YESNO | IconFlags(icon)) == IDYES;
 }
 
 std::string Win32WindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                               const std::string& start_folder) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   const std::string filters = Win32FileFilter(ToAnsi(filter));
   const std::string ansi_title = ToAnsi(title), folder = ToAnsi(start_folder);
   std::vector<char> chosen(32768, '\0');
