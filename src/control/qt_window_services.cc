@@ -23,37 +23,23 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 QString Title(const std::string& title) { return ToQt(title.empty() ? std::string(kProductName) : title); }
 
-// Counts a modal box's own event loop as an event pass, when there is a gate.
-class ModalPass {
- public:
-  explicit ModalPass(WindowGate* gate) : gate_(gate) {
-    if (gate_) gate_->EnterEventPass();
-  }
-  ~ModalPass() {
-    if (gate_) gate_->LeaveEventPass();
-  }
-
- private:
-  WindowGate* gate_;
-};
-
 }  // namespace
 
 void QtWindowServices::Message(const std::string& text, const std::string& title, MessageIcon icon) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Ok);
   box.exec();
 }
 
 bool QtWindowServices::AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   QMessageBox box(IconOf(icon), Title(title), ToQt(text), QMessageBox::Yes | QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
 }
 
 std::string QtWindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                            const std::string& start_folder) {
-  ModalPass pass(gate);
+  MaybeEventPass pass(gate);
   return FromQt(QFileDialog::getOpenFileName(nullptr, ToQt(title), ToQt(start_folder),
                                              ToQt(QtFileFilter(filter))));
 }

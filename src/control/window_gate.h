@@ -72,4 +72,20 @@ class EventPassScope {
   WindowGate& gate_;
 };
 
+// Counts one event pass when there is a gate (a modal box's own loop).
+class MaybeEventPass {
+ public:
+  explicit MaybeEventPass(WindowGate* gate) : gate_(gate) {
+    if (gate_) gate_->EnterEventPass();
+  }
+  ~MaybeEventPass() {
+    if (gate_) gate_->LeaveEventPass();
+  }
+  MaybeEventPass(const MaybeEventPass&) = delete;
+  MaybeEventPass& operator=(const MaybeEventPass&) = delete;
+
+ private:
+  WindowGate* gate_;
+};
+
 }  // namespace ferrow

@@ -4,29 +4,25 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScreen>
 
-#include "about/shortcut_files.h"
-#include "config/settings.h"
 #include "control/event_passes.h"
-#include "display/control_port.h"
 #include "display/qt_convert.h"
-#include "display/text_ops.h"
 #include "display/text_window_filter.h"
 #include "startup/session.h"
-#include "support/paths.h"
-#include "support/strings.h"
 
 namespace ferrow {
-namespace {
 
-constexpr int32_t kDefaultWidth = 10000, kDefaultHeight = 3500;  // twips
-constexpr int32_t kMinWidth = 1844, kMinHeight = 650;
-
-}  // namespace
+int KeyCode(int key) {
+  switch (key) {
+    case Qt::Key_Backspace: return kKeyBackspace;
+    case Qt::Key_Delete: return kKeyDelete;
+    default:  // letters and digits have the same codes in both
+      return (key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z) ? key : 0;
+  }
+}
 
 int CharacterCode(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   const bool ctrl = modifiers & Qt::ControlModifier;
@@ -39,7 +35,8 @@ int CharacterCode(int key, Qt::KeyboardModifiers modifiers, const QString& text)
 }
 
 frmText::frmText(Session& session, ControlWindowPort& control, QWidget* parent)
-    : QWidget(parent, Qt::Window), Rtf(new RichTextBox(this)), session_(session), control_(control) {
+    : QWidget(parent, Qt::Window), Rtf(new RichTextBox(this)), session_(session),
+      logic_(session, control, *this) {
   setAttribute(Qt::WA_DeleteOnClose, false);
   Rtf->installEventFilter(this);
   Rtf->viewport()->installEventFilter(this);
@@ -48,107 +45,70 @@ frmText::frmText(Session& session, ControlWindowPort& control, QWidget* parent)
 
 frmText::~frmText() = default;
 
-void frmText::Form_Load() {
-  loaded_ = true;
-  const Options& o = session_.options;
-  SetWordWrapOff(*Rtf);
-  Rtf->SetText("Loading...");
-  Rtf->SetFontName(o.Font);
-  Rtf->SetFontSize(o.FontSize);
-  Rtf->SetFontBold(o.FontBold);
-  Rtf->SetBackColor(o.BackColour);
-  Rtf->Refresh();
-  Rtf->SetText("");
-  Rtf->SetMaxLength(o.MaxInputLength);
-  PlaceWindow();
-  Form_Resize();
-  showNormal();
-  SubclassTextWindow(*Rtf);
+int frmText::Twips(int pixels) const { return PixelsToTwips(pixels, this); }
+int frmText::Pixels(int32_t twips) const { return TwipsToPixels(twips, this); }
+
+TwipsRect frmText::Place() { return {Twips(x()), Twips(y()), Twips(width()), Twips(height())}; }
+
+void frmText::SetPlace(const TwipsRect& place) {
+  resize(Pixels(place.width), Pixels(place.height));
+  move(Pixels(place.left), Pixels(place.top));
 }
 
-// The default size centred on the screen, then the stored geometry, each
-// value only when it is in range.
-void frmText::PlaceWindow() {
-  const Options& o = session_.options;
-  int width = TwipsToPixels(o.FormWidth > kMinWidth ? o.FormWidth : kDefaultWidth, this);
-  int height = TwipsToPixels(o.FormHeight > kMinHeight ? o.FormHeight : kDefaultHeight, this);
-  resize(width, height);
-  CentreWindow(*this);
-  if (o.FormX > 0) move(TwipsToPixels(o.FormX, this), y());
-  if (o.FormY > 0) move(x(), TwipsToPixels(o.FormY, this));
+TwipsRect frmText::ScreenArea() {
+  const QScreen* screen = this->screen() ? this->screen() : QGuiApplication::primaryScreen();
+  if (!screen) return {};
+  const QRect area = screen->availableGeometry();
+  return {Twips(area.x()), Twips(area.y()), Twips(area.width()), Twips(area.height())};
+}
+
+WindowState frmText::State() {
+  if (isMinimized()) return WindowState::kMinimised;
+  return isMaximized() ? WindowState::kMaximised : WindowState::kNormal;
+}
+
+TwipsRect frmText::ClientArea() { return {0, 0, Twips(width()), Twips(height())}; }
+
+void frmText::PlaceBox(const TwipsRect& place) {
+  Rtf->setGeometry(Pixels(place.left), Pixels(place.top), Pixels(place.width), Pixels(place.height));
+}
+
+void frmText::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }
+std::string frmText::Caption() { return FromQt(windowTitle()); }
+void frmText::Flash() { QApplication::alert(this, 500); }
+
+void frmText::CopyToClipboard(const std::string& text) {
+  QClipboard* clipboard = QApplication::clipboard();
+  clipboard->clear();
+  clipboard->setText(ToQt(text));
+}
+
+void frmText::SubclassBox() { SubclassTextWindow(*Rtf); }
+void frmText::UnsubclassBox() { UnsubclassTextWindow(*Rtf); }
+
+void frmText::Rtf_OLEDragDrop(const QStringList& names) {
+  std::vector<std::string> files;
+  for (const QString& name : names) files.push_back(FromQt(name));
+  logic_.Rtf_OLEDragDrop(files);
 }
 
 void frmText::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  Form_Resize();
-}
-
-void frmText::Form_Resize() {
-  Rtf->setGeometry(0, 0, width(), height());
-  // Caret to the start and back to the end scrolls the last line into view.
-  Rtf->LockUpdates(true);
-  Rtf->SetSelStart(0);
-  Rtf->SetSelStart(Rtf->TextLength());
-  Rtf->LockUpdates(false);
-}
-
-bool frmText::Rtf_KeyDown(int key, Qt::KeyboardModifiers) {
-  switch (key) {
-    case Qt::Key_X: case Qt::Key_Z: case Qt::Key_Y: case Qt::Key_V: case Qt::Key_Delete:
-      return true;  // no cut, undo, redo or paste
-    default:
-      return false;
-  }
-}
-
-bool frmText::Rtf_KeyPress(int character) {
-  switch (character) {
-    case 1:
-      Rtf->SetSelStart(0);
-      Rtf->SetSelLength(Rtf->TextLength());
-      break;
-    case 3: case 13: case 10: case 23:
-      CopySelection();
-      break;
-    default:
-      break;
-  }
-  return true;  // nothing the user types reaches the text
-}
-
-// As ordinary text either way: with CopyAsRTF a paste shows the markup itself.
-void frmText::CopySelection() {
-  QClipboard* clipboard = QApplication::clipboard();
-  clipboard->clear();
-  clipboard->setText(ToQt(session_.options.CopyAsRTF ? Rtf->SelRTF() : Rtf->SelText()));
-  session_.env.LetEventsRun();
-  Rtf->SetSelLength(0);
-}
-
-void frmText::Rtf_OLEDragDrop(const QStringList& names) {
-  if (names.isEmpty() || names.first().isEmpty()) return;
-  std::string name = FromQt(names.first());
-  control_.SetFileNameBox(name);
-  if (IsShortcutFile(name) && session_.options.HelperLibraryInUse &&
-      session_.helper) {
-    std::string target = session_.helper->GetLinkTarget(name).value_or("");
-    if (!target.empty() && FileExists(session_.env, target)) control_.SetFileNameBox(target);
-  }
-  control_.OK_Click(false, 0, false);
+  logic_.Form_Resize();
 }
 
 bool frmText::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress: {
       auto* key = static_cast<QKeyEvent*>(event);
-      if (Rtf_KeyDown(key->key(), key->modifiers())) return true;
+      if (logic_.Rtf_KeyDown(KeyCode(key->key()))) return true;
       const int character = CharacterCode(key->key(), key->modifiers(), key->text());
-      return character != 0 ? Rtf_KeyPress(character) : false;  // keys that type nothing move
+      return character != 0 ? logic_.Rtf_KeyPress(character) : false;  // keys that type nothing move
     }
     case QEvent::DragEnter:
     case QEvent::DragMove: {
       auto* drag = static_cast<QDragMoveEvent*>(event);
-      if (drag->mimeData()->hasUrls()) {
+      if (logic_.Rtf_OLEDragOver(drag->mimeData()->hasUrls(), Qt::CopyAction) != 0) {
         drag->setDropAction(Qt::CopyAction);
         drag->accept();
       } else {
@@ -173,28 +133,9 @@ bool frmText::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmText::closeEvent(QCloseEvent* event) {
-  Form_Unload();
-  control_.TextWindowClosed(*Rtf);
+  logic_.Form_Unload();
   QWidget::closeEvent(event);
   DeleteWindowLater(session_.gate, this);
-}
-
-void frmText::Form_Unload() {
-  if (unloaded_ || !loaded_) return;
-  unloaded_ = true;
-  Options& o = session_.options;
-  if (!isMinimized() && !isMaximized()) {
-    o.FormWidth = std::max(PixelsToTwips(width(), this), kMinWidth);
-    o.FormHeight = std::max(PixelsToTwips(height(), this), kMinHeight);
-  }
-  o.FormX = PixelsToTwips(x(), this);
-  o.FormY = PixelsToTwips(y(), this);
-  SaveWindowSettings(session_);
-  if (!control_.ProgramClosing()) {
-    control_.StopTimer();
-    control_.ShowNormalAndActivate();
-  }
-  UnsubclassTextWindow(*Rtf);
 }
 
 }  // namespace ferrow

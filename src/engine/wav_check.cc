@@ -1,5 +1,7 @@
 #include "engine/wav_check.h"
 
+#include <fstream>
+
 namespace ferrow {
 
 bool LooksLikePlayableWav(const std::string& bytes) {
@@ -8,6 +10,14 @@ bool LooksLikePlayableWav(const std::string& bytes) {
     return false;
   const unsigned format = static_cast<unsigned char>(bytes[20]) | static_cast<unsigned char>(bytes[21]) << 8;
   return format == 1 || format == 3 || format == 0xFFFE;  // PCM, float, extensible
+}
+
+bool FileLooksLikePlayableWav(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::string head(64, '\0');
+  in.read(head.data(), static_cast<std::streamsize>(head.size()));
+  head.resize(static_cast<size_t>(in.gcount()));
+  return LooksLikePlayableWav(head);
 }
 
 }  // namespace ferrow

@@ -10,33 +10,15 @@
 #include <QMouseEvent>
 
 #include "config/ini_file.h"
-#include "display/control_port.h"
 #include "display/qt_convert.h"
 #include "display/text_window_filter.h"
+#include "testing/fake_control_window.h"
 #include "testing/session_fixture.h"
 
 namespace ferrow {
 namespace {
 
-class FakeControlWindow : public ControlWindowPort {
- public:
-  void SetFileNameBox(const std::string& name) override { box = name; }
-  void OK_Click(bool startup, int16_t interval, bool sound) override {
-    opened.push_back(box);
-    EXPECT_FALSE(startup);
-    EXPECT_EQ(interval, 0);
-    EXPECT_FALSE(sound);
-  }
-  void StopTimer() override { ++timer_stops; }
-  void ShowNormalAndActivate() override { ++activations; }
-  bool ProgramClosing() override { return closing; }
-  void TextWindowClosed(const TextBox&) override { ++closes; }
-
-  std::string box;
-  std::vector<std::string> opened;
-  int timer_stops = 0, activations = 0, closes = 0;
-  bool closing = false;
-};
+using testing::FakeControlWindow;
 
 class FrmTextTest : public testing::SessionTest {
  protected:
@@ -54,14 +36,7 @@ class FrmTextTest : public testing::SessionTest {
   frmText window{session, control};
 };
 
-TEST_F(FrmTextTest, StoredWidthOfNoMoreThan1844OpensTenThousandTwipsWide) {
-  options.FormWidth = 1844;
-  window.Form_Load();
-  EXPECT_NEAR(Twips(window.width()), 10000, 20);
-  EXPECT_NEAR(Twips(window.height()), 3500, 20);
-}
-
-TEST_F(FrmTextTest, StoredWidthOf1845OpensThatWide) {
+TEST_F(FrmTextTest, TheStoredGeometryReachesTheWindowInTwips) {
   options.FormWidth = 1845;
   options.FormX = 1440;
   window.Form_Load();
@@ -83,7 +58,7 @@ TEST_F(FrmTextTest, LoadStylesTheBoxAndSubclassesIt) {
   EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(FrmTextTest, ClosingAWindowSmallerThanTheMinimumStoresTheMinimum) {
+TEST_F(FrmTextTest, TheCloseEventStoresTheGeometryAndReturnsToTheControlWindow) {
   window.Form_Load();
   window.resize(50, 20);
   window.close();
@@ -96,7 +71,7 @@ TEST_F(FrmTextTest, ClosingAWindowSmallerThanTheMinimumStoresTheMinimum) {
   EXPECT_FALSE(TextWindowSubclassed(*window.Rtf));
 }
 
-TEST_F(FrmTextTest, ClosingAMinimisedOrMaximisedWindowKeepsTheStoredSize) {
+TEST_F(FrmTextTest, ClosingAMaximisedWindowKeepsTheStoredSize) {
   options.FormWidth = 6000;
   options.FormHeight = 3000;
   window.Form_Load();
@@ -107,26 +82,6 @@ TEST_F(FrmTextTest, ClosingAMinimisedOrMaximisedWindowKeepsTheStoredSize) {
   EXPECT_EQ(options.FormWidth, 6000);
   EXPECT_EQ(options.FormHeight, 3000);
   EXPECT_EQ(Stored("FormWidth"), "6000");
-}
-
-TEST_F(FrmTextTest, ClosingAMinimisedWindowKeepsTheStoredSizeToo) {
-  options.FormWidth = 7000;
-  options.FormHeight = 2000;
-  window.Form_Load();
-  window.showMinimized();
-  QApplication::processEvents();
-  ASSERT_TRUE(window.isMinimized());
-  window.close();
-  EXPECT_EQ(options.FormWidth, 7000);
-  EXPECT_EQ(options.FormHeight, 2000);
-}
-
-TEST_F(FrmTextTest, ClosingWithTheProgramLeavesTheControlWindowAlone) {
-  control.closing = true;
-  window.Form_Load();
-  window.close();
-  EXPECT_EQ(control.timer_stops, 0);
-  EXPECT_EQ(control.activations, 0);
 }
 
 TEST_F(FrmTextTest, EditingKeysAndTypingChangeNothing) {
@@ -151,15 +106,6 @@ TEST_F(FrmTextTest, CtrlASelectsAllAndCtrlCCopiesPlainText) {
   Key(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "one\ntwo");
   EXPECT_EQ(window.Rtf->SelLength(), 0);
-}
-
-TEST_F(FrmTextTest, EnterWithNothingSelectedPutsAnEmptyTextOnTheClipboard) {
-  window.Form_Load();
-  window.Rtf->SetText("text");
-  QApplication::clipboard()->setText("old");
-  Key(Qt::Key_Return, Qt::NoModifier, "\r");
-  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "");
-  EXPECT_EQ(env.event_runs, 1);
 }
 
 TEST_F(FrmTextTest, CopyAsRtfPutsTheMarkupOnTheClipboardAsText) {
@@ -204,11 +150,6 @@ TEST_F(FrmTextTest, SubclassingIsInstalledOnceAndRemovedOnce) {
   EXPECT_EQ(window.Rtf->findChildren<TextWindowProc*>().size(), 0);
 }
 
-TEST_F(FrmTextTest, DroppingTwoFilesOpensOnlyTheFirst) {
-  window.Rtf_OLEDragDrop({"/logs/first.log", "/logs/second.log"});
-  EXPECT_EQ(control.opened, (std::vector<std::string>{"/logs/first.log"}));
-}
-
 TEST_F(FrmTextTest, DroppedFilesArriveThroughTheDropEvent) {
   window.Form_Load();
   QMimeData data;
@@ -231,24 +172,28 @@ TEST_F(FrmTextTest, DroppedFilesArriveThroughTheDropEvent) {
   EXPECT_EQ(window.Rtf->Text(), "");
 }
 
-TEST_F(FrmTextTest, DanglingShortcutOpensTheShortcutFileItself) {
-  HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
-  ASSERT_TRUE(library.loaded());
-  session.helper = &library;
-  options.HelperLibraryInUse = true;
-  const std::string target = dir.File("target.log"), link = dir.File("target.log.lnk");
-  testing::WriteBytes(target, "x");
-  ASSERT_NE(library.CreateShortcut(target, link, "", "", "", 1, -1).value_or(0), 0);
-  window.Rtf_OLEDragDrop({QString::fromStdString(link)});
-  env.RemoveFile(target);
-  window.Rtf_OLEDragDrop({QString::fromStdString(link)});
-  EXPECT_EQ(control.opened, (std::vector<std::string>{target, link}));
+TEST_F(FrmTextTest, CaptionAndFlashReachTheTitleBar) {
+  window.Form_Load();
+  window.Logic().SetCaption("Ferrow - a.log (1 bytes) [1]");
+  EXPECT_EQ(window.windowTitle().toStdString(), "Ferrow - a.log (1 bytes) [1]");
+  EXPECT_EQ(window.Logic().Caption(), "Ferrow - a.log (1 bytes) [1]");
+  window.Logic().Flash();
 }
 
-TEST_F(FrmTextTest, ShortcutsAreNotFollowedWhileTheLibraryIsOutOfUse) {
-  options.HelperLibraryInUse = false;
-  window.Rtf_OLEDragDrop({"/x/a.LNK"});
-  EXPECT_EQ(control.opened, (std::vector<std::string>{"/x/a.LNK"}));
+TEST_F(FrmTextTest, TheLogicsCloseClosesTheWindow) {
+  window.Form_Load();
+  window.Logic().Close();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(control.closes, 1);
+  EXPECT_FALSE(window.Logic().Loaded());
+}
+
+TEST(KeyCode, LettersDigitsDeleteAndBackspaceTakeTheirWindowsCodes) {
+  EXPECT_EQ(KeyCode(Qt::Key_V), 86);
+  EXPECT_EQ(KeyCode(Qt::Key_5), '5');
+  EXPECT_EQ(KeyCode(Qt::Key_Delete), 46);
+  EXPECT_EQ(KeyCode(Qt::Key_Backspace), 8);
+  EXPECT_EQ(KeyCode(Qt::Key_Period), 0) << "not Delete's code, though Qt gives it 46";
 }
 
 TEST(CharacterCode, ControlKeysMapToTheirCodes) {

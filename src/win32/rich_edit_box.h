@@ -1,0 +1,87 @@
+// The text window's box over a real rich-edit control: Msftedit's
+// "RICHEDIT50W", or RichEdit 2.0's "RichEdit20A" where that is missing.
+// Rich text goes in and out through the control's own stream; text through
+// its selection messages, in the ANSI code page. Positions count
+// characters, a line break (the control's CR) as one.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "display/text_box.h"
+
+namespace ferrow::win32 {
+
+class RichEditBox : public TextBox {
+ public:
+  // Loads the control's library once, then creates the control as child
+  // `id` of `parent`.
+  RichEditBox(HWND parent, int id);
+  ~RichEditBox() override;
+  RichEditBox(const RichEditBox&) = delete;
+  RichEditBox& operator=(const RichEditBox&) = delete;
+
+  HWND Handle() const { return hwnd_; }
+  // The window class the control was made of.
+  static const char* ClassName();
+
+  // SubclassTextWindow and UnsubclassTextWindow: TextWindowProc in front of
+  // the control's own procedure, kept in SavedTextWndProc.
+  void Subclass();
+  void Unsubclass();
+  bool Subclassed() const { return saved_proc_ != nullptr; }
+
+  std::string TypeName() const override { return "RichTextBox"; }
+  int64_t TextLength() override;
+  std::string Text() override;
+  void SetText(const std::string& text) override;
+  int64_t SelStart() override;
+  void SetSelStart(int64_t position) override;
+  int64_t SelLength() override;
+  void SetSelLength(int64_t length) override;
+  std::string SelText() override;
+  void SetSelText(const std::string& text) override;
+  Colour SelColor() override;
+  void SetSelColor(Colour colour) override;
+  std::string SelRTF() override;
+  void SetTextRTF(const std::string& document) override;
+  int32_t MaxLength() override { return max_length_; }
+  void SetMaxLength(int32_t length) override;
+  void SetFontName(const std::string& name) override;
+  void SetFontSize(int size) override;
+  void SetFontBold(bool bold) override;
+  int FontSize() override { return font_size_; }
+  bool FontBold() override { return font_bold_; }
+  void SetBackColor(Colour colour) override;
+  void SetEnabled(bool enabled) override;
+  void Refresh() override;
+  void SetWordWrap(bool wrap) override;
+  int64_t LineCount() override;
+  int64_t Find(char c, int64_t from) override;
+  void LockUpdates(bool locked) override;
+  bool WindowMinimised() override;
+  void BeginBatch() override;
+  void EndBatch() override;
+
+ private:
+  static LRESULT CALLBACK TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
+  void SetSelection(int64_t start, int64_t end);
+  void ApplyFont();
+  std::string AnsiText();
+
+  HWND hwnd_ = nullptr;
+  WNDPROC saved_proc_ = nullptr;
+  int32_t max_length_ = 0;
+  std::string font_name_ = "Terminal";
+  int font_size_ = 10;
+  bool font_bold_ = false;
+  int batch_ = 0;
+};
+
+// The rich text stream of the control: a whole document in, the selection out.
+void StreamIn(HWND control, const std::string& document);
+std::string StreamOut(HWND control, bool selection_only);
+
+}  // namespace ferrow::win32

@@ -1,0 +1,270 @@
+// The text window as a real Win32 window with a real rich-edit control,
+// driven through the same logic and append path as the program's.
+#include "win32/text_window_view.h"
+
+#include <gtest/gtest.h>
+#include <richedit.h>
+
+#include <cstdlib>
+
+#include "display/append_block.h"
+#include "display/filters.h"
+#include "display/rtf_compose.h"
+#include "display/text_ops.h"
+#include "testing/fake_control_window.h"
+#include "testing/session_fixture.h"
+#include "win32/event_passes.h"
+#include "win32/twips.h"
+#include "win32/window_capture.h"
+
+namespace ferrow::win32 {
+namespace {
+
+using ferrow::testing::FakeControlWindow;
+
+constexpr Colour kText = 0x00C0C0C0, kFilter = 0x0000FFFF, kBack = 0x00402000;
+
+std::string WindowText(HWND hwnd) {
+  std::string text(static_cast<size_t>(SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
+  SendMessageA(hwnd, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(text.find('\0'));
+  std::string out;  // the control may give CR or CR LF at a break
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r') out += text[i];
+    else if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
+  }
+  return out;
+}
+
+std::string ClipboardText() {
+  std::string text;
+  if (!OpenClipboard(nullptr)) return "<closed>";
+  if (HANDLE data = GetClipboardData(CF_TEXT)) {
+    text = static_cast<const char*>(GlobalLock(data));
+    GlobalUnlock(data);
+  }
+  CloseClipboard();
+  return text;
+}
+
+void PutOnClipboard(const std::string& text) {
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  EmptyClipboard();
+  HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
+  GlobalUnlock(memory);
+  SetClipboardData(CF_TEXT, memory);
+  CloseClipboard();
+}
+
+class Win32TextWindowTest : public ferrow::testing::SessionTest {
+ protected:
+  Win32TextWindowTest() {
+    options.FileSection = "app.log";
+    options.FontColour = kText;
+    options.FilterColour = kFilter;
+    options.BackColour = kBack;
+    options.Font = "Courier New";
+    options.FontSize = 10;
+    options.MaxInputLength = 100000;
+    options.FilterString = "error";
+    RebuildFilterWords(options);
+    window = new Win32TextWindow(session, control);
+    control.shown_box = &window->Rtf();
+  }
+  ~Win32TextWindowTest() override {
+    if (!closed) window->Logic().Close();
+    // The window goes once no handler runs, from the message loop.
+    for (int i = 0; i < 50 && IsWindow(hwnd()); ++i) {
+      PumpMessages();
+      Sleep(10);
+    }
+    EXPECT_FALSE(IsWindow(hwnd()));
+  }
+  HWND hwnd() { return handle ? handle : (handle = window->Handle()); }
+  HWND box() { return window->Rtf().Handle(); }
+  void Load() {
+    hwnd();
+    window->Form_Load();
+    PumpMessages();
+  }
+
+  FakeControlWindow control;
+  Win32TextWindow* window;
+  HWND handle = nullptr;
+  bool closed = false;
+};
+
+TEST_F(Win32TextWindowTest, TheBoxIsARealRichEditControl) {
+  char name[64] = {};
+  GetClassNameA(box(), name, sizeof(name));
+  EXPECT_EQ(lstrcmpiA(name, RichEditBox::ClassName()), 0) << name;
+  EXPECT_TRUE(lstrcmpiA(name, "RICHEDIT50W") == 0 || lstrcmpiA(name, "RichEdit20A") == 0) << name;
+}
+
+TEST_F(Win32TextWindowTest, AppendedLinesShowInTheirColoursAndCountAsLines) {
+  Load();
+  AppendTextBlock(session, window->Rtf(), "first line\r\nan error here\r\nlast line\r\n", false);
+  EXPECT_EQ(WindowText(box()), "first line\nan error here\nlast line\n");
+  EXPECT_EQ(window->Rtf().Text(), "first line\nan error here\nlast line\n");
+  EXPECT_EQ(GetLineCount(window->Rtf()), 4);
+  EXPECT_EQ(SendMessageA(box(), EM_GETLINECOUNT, 0, 0), 4);
+  window->Rtf().SetSelStart(11);
+  window->Rtf().SetSelLength(13);
+  EXPECT_EQ(window->Rtf().SelText(), "an error here");
+  EXPECT_EQ(window->Rtf().SelColor(), kFilter);
+  window->Rtf().SetSelStart(0);
+  window->Rtf().SetSelLength(5);
+  EXPECT_EQ(window->Rtf().SelColor(), kText);
+  const std::string rtf = StreamOut(box(), false);
+  EXPECT_EQ(rtf.rfind("{\\rtf1", 0), 0u) << rtf;
+  EXPECT_NE(rtf.find("\\red255\\green255\\blue0"), std::string::npos) << rtf;
+  EXPECT_NE(rtf.find("an error here"), std::string::npos);
+}
+
+TEST_F(Win32TextWindowTest, TheInitialDocumentGoesInThroughTheRichTextStream) {
+  Load();
+  window->Rtf().SetTextRTF(
+      ComposeInitialDocument(session, {"start", "Error 5", "{x} caf\xC3\xA9"}, 10, false));
+  // The control takes the last "\par" as the end of its text.
+  EXPECT_EQ(window->Rtf().Text(), "start\nError 5\n{x} caf\xC3\xA9");
+  EXPECT_EQ(window->Rtf().SelStart(), window->Rtf().TextLength());
+  window->Rtf().SetSelStart(6);
+  window->Rtf().SetSelLength(7);
+  EXPECT_EQ(window->Rtf().SelColor(), kFilter);
+}
+
+TEST_F(Win32TextWindowTest, TheCaptionReachesTheTitleBar) {
+  Load();
+  window->Logic().SetCaption("Ferrow - C:\\logs\\app.log (1,234 bytes) [3]");
+  char title[128] = {};
+  GetWindowTextA(hwnd(), title, sizeof(title));
+  EXPECT_STREQ(title, "Ferrow - C:\\logs\\app.log (1,234 bytes) [3]");
+  EXPECT_EQ(window->Logic().Caption(), title);
+  window->Logic().Flash();
+}
+
+TEST_F(Win32TextWindowTest, PasteCutClearUndoAndTypingChangeNothing) {
+  Load();
+  AppendTextBlock(session, window->Rtf(), "keep me\r\n", false);
+  PutOnClipboard("PASTE");
+  SendMessageA(box(), EM_SETSEL, 0, 4);
+  for (UINT message : {WM_PASTE, WM_CUT, WM_CLEAR, WM_UNDO}) SendMessageA(box(), message, 0, 0);
+  for (WPARAM key : {WPARAM{VK_DELETE}, WPARAM{VK_BACK}, WPARAM{'V'}}) SendMessageA(box(), WM_KEYDOWN, key, 0);
+  for (WPARAM character : {WPARAM{'q'}, WPARAM{8}, WPARAM{22}}) SendMessageA(box(), WM_CHAR, character, 0);
+  EXPECT_EQ(WindowText(box()), "keep me\n");
+  EXPECT_EQ(ClipboardText(), "PASTE");
+}
+
+// The box is read-only besides; made writable, the window procedure alone
+// keeps pastes out, and without it they would go in.
+TEST_F(Win32TextWindowTest, TheWindowProcedureAloneKeepsPastesOut) {
+  Load();
+  SendMessageA(box(), EM_SETREADONLY, FALSE, 0);
+  PutOnClipboard("PASTE");
+  SendMessageA(box(), WM_PASTE, 0, 0);
+  SendMessageA(box(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
+  SendMessageA(box(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+  EXPECT_EQ(WindowText(box()), "");
+  window->Rtf().Unsubclass();
+  SendMessageA(box(), WM_PASTE, 0, 0);
+  EXPECT_EQ(WindowText(box()), "PASTE") << "the check above would prove nothing";
+}
+
+TEST_F(Win32TextWindowTest, SubclassingReplacesTheWindowProcedureOnceAndRestoresIt) {
+  const LONG_PTR own = GetWindowLongPtrA(box(), GWLP_WNDPROC);
+  Load();
+  ASSERT_TRUE(window->Rtf().Subclassed());
+  const LONG_PTR installed = GetWindowLongPtrA(box(), GWLP_WNDPROC);
+  EXPECT_NE(installed, own);
+  window->Rtf().Subclass();
+  EXPECT_EQ(GetWindowLongPtrA(box(), GWLP_WNDPROC), installed);
+  window->Rtf().Unsubclass();
+  window->Rtf().Unsubclass();
+  EXPECT_EQ(GetWindowLongPtrA(box(), GWLP_WNDPROC), own);
+}
+
+TEST_F(Win32TextWindowTest, CtrlAThenCtrlCCopiesThePlainTextThroughTheClipboard) {
+  Load();
+  AppendTextBlock(session, window->Rtf(), "one\r\ntwo\r\n", false);
+  SendMessageA(box(), WM_CHAR, 1, 0);
+  SendMessageA(box(), WM_CHAR, 3, 0);
+  EXPECT_EQ(ClipboardText(), "one\r\ntwo\r\n");
+  EXPECT_EQ(window->Rtf().SelLength(), 0);
+}
+
+TEST_F(Win32TextWindowTest, AnAppendOverTheLimitIsTrimmedToWholeLines) {
+  options.MaxInputLength = 20;
+  Load();
+  AppendTextBlock(session, window->Rtf(), "0123456789abc\r\n", false);
+  AppendTextBlock(session, window->Rtf(), "defghijklmnopqr\r\n", false);
+  EXPECT_EQ(WindowText(box()), "defghijklmnopqr\n");
+}
+
+TEST_F(Win32TextWindowTest, ClosingStoresTheGeometryAndTheWindowGoesAfterTheHandler) {
+  options.FormX = 720;
+  options.FormY = 360;
+  options.FormWidth = 7200;
+  options.FormHeight = 2880;
+  Load();
+  RECT r{};
+  GetWindowRect(hwnd(), &r);
+  EXPECT_EQ(r.left, TwipsToPixels(720));
+  EXPECT_EQ(r.right - r.left, TwipsToPixels(7200));
+  window->Logic().Close();
+  closed = true;
+  EXPECT_TRUE(IsWindow(hwnd())) << "not destroyed inside its own close";
+  EXPECT_FALSE(IsWindowVisible(hwnd()));
+  EXPECT_NEAR(options.FormWidth, 7200, 30);
+  EXPECT_NEAR(options.FormX, 720, 30);
+  EXPECT_EQ(control.closes, 1);
+  EXPECT_EQ(control.timer_stops, 1);
+}
+
+TEST_F(Win32TextWindowTest, AWindowClosedInsideAWaitIsDestroyedOnlyAfterTheWait) {
+  Load();
+  Env& real = *Env::Default();
+  InstallEventsHook(real, session.gate);
+  PostMessageA(hwnd(), WM_CLOSE, 0, 0);
+  real.LetEventsRun();  // the close runs in here
+  EXPECT_EQ(control.closes, 1);
+  Sleep(50);
+  real.LetEventsRun();  // and the timer that would destroy the window
+  EXPECT_TRUE(IsWindow(hwnd()));
+  EXPECT_EQ(session.gate.EventPasses(), 0);
+  real.SetEventsHook(nullptr);
+  closed = true;  // outside any wait the window goes
+}
+
+// A picture of the window for review, when FERROW_SCREENSHOTS names a folder.
+TEST_F(Win32TextWindowTest, Screenshot) {
+  options.FormWidth = 9000;
+  options.FormHeight = 3000;
+  options.FormX = 300;
+  options.FormY = 300;
+  options.FilterString = "error warning";
+  options.RedFilterString = "fatal";
+  RebuildFilterWords(options);
+  Load();
+  AppendTextBlock(session, window->Rtf(),
+                  "2024-05-01 10:00:01 GET /index.html 200\r\n"
+                  "2024-05-01 10:00:02 GET /missing 404 warning: not found\r\n"
+                  "2024-05-01 10:00:03 POST /api/save 200\r\n"
+                  "2024-05-01 10:00:04 error: database timeout after 30 s\r\n"
+                  "2024-05-01 10:00:05 fatal: worker 3 stopped\r\n"
+                  "2024-05-01 10:00:06 GET /index.html 200\r\n",
+                  true);
+  window->Logic().SetCaption("Ferrow - C:\\logs\\access.log (312 bytes) [7]");
+  for (int i = 0; i < 20; ++i) {
+    PumpMessages();
+    Sleep(20);
+  }
+  const char* folder = std::getenv("FERROW_SCREENSHOTS");
+  if (folder && *folder) {
+    EXPECT_TRUE(SaveWindowBitmap(hwnd(), std::string(folder) + "\\text-window-win32.bmp"));
+  }
+  EXPECT_EQ(GetLineCount(window->Rtf()), 7);
+}
+
+}  // namespace
+}  // namespace ferrow::win32
