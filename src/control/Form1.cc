@@ -33,11 +33,11 @@ class TextWindowAdapter : public QObject, public TextWindowPort {
  public:
   explicit TextWindowAdapter(frmText* window) : QObject(window), window_(window) {}
   frmText* window() const { return window_; }
-  TextBox& Box() override { return *window_->Rtf; }
-  void Load() override { window_->Form_Load(); }
-  void SetCaption(const std::string& caption) override { window_->setWindowTitle(ToQt(caption)); }
-  void Flash() override { QApplication::alert(window_, 500); }
-  void Close() override { window_->close(); }
+  TextBox& Box() override { return window_->Logic().Rtf(); }
+  void Load() override { window_->Logic().Form_Load(); }
+  void SetCaption(const std::string& caption) override { window_->Logic().SetCaption(caption); }
+  void Flash() override { window_->Logic().Flash(); }
+  void Close() override { window_->Logic().Close(); }
 
  private:
   frmText* window_;

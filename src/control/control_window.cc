@@ -4,6 +4,7 @@
 #include "about/product.h"
 #include "about/usage.h"
 #include "config/history.h"
+#include "config/history_close.h"
 #include "config/keys.h"
 #include "config/settings.h"
 #include "config/write_lock.h"
@@ -227,7 +228,9 @@ void ControlWindow::Unload() {
       ReleaseWriteLock(session_);
     }
     SetMenuCaption(MenuTitle(" - Updating History ..."));
-    SaveHistory(session_);  // this window's list, counted just above
+    // Merged with what other processes added meanwhile; without the lock,
+    // this window's list as it stands.
+    if (!MergeHistoryAtClose(session_)) SaveHistory(session_);
     SetMenuCaption(MenuTitle(" - Saving Settings ..."));
   }
   SetMenuCaption(MenuTitle(" - Exiting ..."));

@@ -3,6 +3,8 @@
 // that arrive while its waits let events run.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "about/helper_library.h"
 #include "config/history.h"
 #include "config/ini_file.h"
@@ -258,6 +260,23 @@ TEST_F(ControlWindowTest, ASectionWrittenWhereThePositionIsUnknownStillHoldsMenu
   menu.OK_Click();  // the view's position reads 0, 0
   menu.Form_Unload();
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "MenuX"), "1");
+}
+
+TEST_F(ControlWindowTest, ClosingKeepsHistoryNamesAnotherProcessAddedMeanwhile) {
+  const std::string mine = MakeLog("mine.log", "x\r\n");
+  History({"/logs/old.log"});
+  menu.Form_Load();
+  Type(mine);
+  menu.OK_Click();
+  // Another process closes first and records its own file.
+  WriteINIFile(env, options.IniFileName, "Common", "HistoryCount", "2");
+  WriteINIFile(env, options.IniFileName, "Common", "History2", "/logs/theirs.log");
+  menu.Form_Unload();
+  std::vector<std::string> stored;
+  for (int i = 1; i <= 3; ++i)
+    stored.push_back(ReadINIFile(env, options.IniFileName, "Common", "History" + std::to_string(i)));
+  std::sort(stored.begin(), stored.end());
+  EXPECT_EQ(stored, (std::vector<std::string>{"/logs/old.log", "/logs/theirs.log", mine}));
 }
 
 TEST_F(ControlWindowTest, ClosingDuringTheStartDelayEndsTheWaitAndNeverOpensTheFile) {
