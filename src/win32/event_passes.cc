@@ -7,6 +7,7 @@
 
 #include "control/window_gate.h"
 #include "platform/env.h"
+#include "win32/message_loop.h"
 
 namespace ferrow::win32 {
 namespace {
@@ -50,8 +51,7 @@ void PumpMessages() {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
-    TranslateMessage(&message);
-    DispatchMessageA(&message);
+    DispatchOne(message);
   }
 }
 

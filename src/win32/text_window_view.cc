@@ -5,15 +5,17 @@
 
 #include <vector>
 
+
 #include "startup/session.h"
 #include "win32/ansi_text.h"
+#include "win32/control_ids.h"
+#include "win32/dropped_files.h"
 #include "win32/event_passes.h"
 #include "win32/twips.h"
 
 namespace ferrow::win32 {
 namespace {
 
-constexpr char kClassName[] = "FerrowTextWindow";
 constexpr int kBoxId = 1;
 
 void RegisterClassOnce(WNDPROC proc) {
@@ -25,7 +27,7 @@ void RegisterClassOnce(WNDPROC proc) {
     window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
     window_class.hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
     window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    window_class.lpszClassName = kClassName;
+    window_class.lpszClassName = kTextWindowClass;
     return RegisterClassExA(&window_class) != 0;
   }();
   (void)registered;
@@ -41,7 +43,7 @@ TwipsRect Twips(const RECT& r) {
 Win32TextWindow::Win32TextWindow(Session& session, ControlWindowPort& control)
     : session_(session), logic_(session, control, *this) {
   RegisterClassOnce(&WindowProc);
-  hwnd_ = CreateWindowExA(WS_EX_ACCEPTFILES, kClassName, "", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+  hwnd_ = CreateWindowExA(WS_EX_ACCEPTFILES, kTextWindowClass, "", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
                           CW_USEDEFAULT, 640, 240, nullptr, nullptr, GetModuleHandleA(nullptr), this);
   box_ = std::make_unique<RichEditBox>(hwnd_, kBoxId);
   DragAcceptFiles(hwnd_, TRUE);
@@ -105,16 +107,7 @@ LRESULT Win32TextWindow::Notify(const NMHDR& header) {
   return 0;
 }
 
-void Win32TextWindow::Dropped(HDROP drop) {
-  std::vector<std::string> names;
-  const UINT count = DragQueryFileA(drop, 0xFFFFFFFF, nullptr, 0);
-  for (UINT i = 0; i < count; ++i) {
-    std::vector<char> name(DragQueryFileA(drop, i, nullptr, 0) + 1, '\0');
-    DragQueryFileA(drop, i, name.data(), static_cast<UINT>(name.size()));
-    names.push_back(FromAnsi(name.data()));
-  }
-  logic_.Rtf_OLEDragDrop(names);
-}
+void Win32TextWindow::Dropped(HDROP drop) { logic_.Rtf_OLEDragDrop(DroppedFiles(drop)); }
 
 // Hidden now, destroyed once no handler runs: this may be inside one.
 void Win32TextWindow::Closed() {

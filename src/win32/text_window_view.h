@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "display/text_view.h"
+#include "control/window_factory.h"
 #include "display/text_window.h"
 #include "win32/rich_edit_box.h"
 
@@ -30,8 +31,23 @@ class Win32TextWindow : private TextView {
   RichEditBox& Rtf() { return *box_; }
   TextWindow& Logic() { return logic_; }
   void Form_Load() { logic_.Form_Load(); }
+  // The window as the control window's logic uses it; it goes with the window.
+  TextWindowPort& Port() { return port_; }
 
  private:
+  class PortAdapter : public TextWindowPort {
+   public:
+    explicit PortAdapter(Win32TextWindow& window) : window_(window) {}
+    TextBox& Box() override { return window_.Rtf(); }
+    void Load() override { window_.logic_.Form_Load(); }
+    void SetCaption(const std::string& caption) override { window_.logic_.SetCaption(caption); }
+    void Flash() override { window_.logic_.Flash(); }
+    void Close() override { window_.logic_.Close(); }
+
+   private:
+    Win32TextWindow& window_;
+  };
+
   static LRESULT CALLBACK WindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT Notify(const NMHDR& header);
@@ -58,6 +74,7 @@ class Win32TextWindow : private TextView {
   HWND hwnd_ = nullptr;
   std::unique_ptr<RichEditBox> box_;
   TextWindow logic_;
+  PortAdapter port_{*this};
   bool closed_ = false;
 };
 

@@ -1,0 +1,62 @@
+// The real ferrow.exe, started in a folder of its own (with ferrow.dll and
+// Updated.wav beside it, so its INI lands there too) and watched from
+// outside through its windows, as a user's tools would see them.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "testing/temp_dir.h"
+
+namespace ferrow::win32 {
+
+// A build path as Windows names it (Z: is Wine's root).
+std::string WindowsPath(const std::string& path);
+
+// Retries `done` every 50 ms for up to `ms`; true when it came true.
+bool WaitUntil(const std::function<bool()>& done, int ms = 15000);
+
+// A window's text, asked through WM_GETTEXT (it works across processes).
+std::string TextOf(HWND window);
+
+class FerrowProcess {
+ public:
+  FerrowProcess();
+  ~FerrowProcess();
+  FerrowProcess(const FerrowProcess&) = delete;
+  FerrowProcess& operator=(const FerrowProcess&) = delete;
+
+  const testing::TempDir& dir() const { return dir_; }
+  std::string IniPath() const { return dir_.File("ferrow.INI"); }
+
+  // Starts the program with `arguments` (the command line after its name).
+  bool Start(const std::string& arguments);
+  // True once the process has ended within `ms`.
+  bool Ended(int ms = 20000);
+  DWORD ExitCode();
+  // Milliseconds since Start.
+  double Elapsed() const;
+  HANDLE Process() const { return process_.hProcess; }
+
+  // A visible top-level window of the process of `window_class`, whose
+  // title contains `title` ("" takes any); null when none shows up in time.
+  HWND Window(const std::string& window_class, const std::string& title = "", int ms = 15000);
+  HWND ControlWindow() { return Window("FerrowControlWindow"); }
+  HWND TextWindow() { return Window("FerrowTextWindow"); }
+  // The rich-edit control inside the text window.
+  HWND TextBox();
+  // The texts of a message box's labels, joined by new lines.
+  static std::string MessageText(HWND box);
+  // Closes the control window as its close box does.
+  void Close();
+
+ private:
+  testing::TempDir dir_;
+  PROCESS_INFORMATION process_{};
+  LARGE_INTEGER started_{};
+};
+
+}  // namespace ferrow::win32
