@@ -17,7 +17,7 @@
 #include "engine/file_reader.h"
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include "display/frmText.h"
 #include "display/rtf_compose.h"
 #include "display/text_ops.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

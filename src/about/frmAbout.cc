@@ -15,7 +15,7 @@
 #include "control/menu_port.h"
 #include "control/event_passes.h"
 #include "display/qt_convert.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 
 namespace ferrow {

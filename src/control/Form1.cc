@@ -22,7 +22,7 @@
 #include "dialogs/frmSettings.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 namespace {

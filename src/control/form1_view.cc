@@ -15,7 +15,7 @@
 #include "dialogs/frmSettings.h"
 #include "display/frmText.h"
 #include "display/qt_convert.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 void Form1::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }

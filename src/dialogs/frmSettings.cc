@@ -24,7 +24,7 @@
 #include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
 #include "display/themes.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 
 namespace ferrow {

@@ -11,7 +11,7 @@
 #include "control/event_passes.h"
 #include "display/qt_convert.h"
 #include "display/text_window_filter.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 

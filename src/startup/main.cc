@@ -12,8 +12,8 @@
 #include "control/Form1.h"
 #include "control/event_passes.h"
 #include "control/qt_window_services.h"
-#include "startup/options.h"
-#include "startup/session.h"
+#include "session/options.h"
+#include "session/session.h"
 #include "startup/startup.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "startup/session.h"
+#include "session/session.h"
 #include "win32/ansi_text.h"
 #include "win32/event_passes.h"
 #include "win32/twips.h"

@@ -13,7 +13,7 @@
 #include "control/Form1.h"
 #include "control/qt_window_services.h"
 #include "display/frmText.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "startup/startup.h"
 #include "support/paths.h"
 
