@@ -22,7 +22,8 @@ void AboutWindow::Form_Load() {
   view_.SetCaption(AboutCaption());
   view_.SetTitle(AboutTitle());
   const std::tm started = LocalTime(o.StartTime);
-  const std::string since = session_.env.SystemShortDate(started) + " " + session_.env.SystemLongTime(started);
+  const std::string since =
+      session_.env.SystemShortDate(started) + " " + session_.env.SystemLongTime(started);
   const std::string library =
       o.HelperLibraryInUse && session_.helper ? session_.helper->GetDLLFileName().value_or("") : "";
   view_.SetInformation(AboutInformation(o, session_.env.ProgramPath(), since, library));
@@ -33,9 +34,13 @@ void AboutWindow::Form_Load() {
 }
 
 // Blue on the button face; white on blue under the mouse.
-void AboutWindow::lblWebsite_MouseMove() { view_.SetWebsiteColours(kWhite, kBlue); }
+void AboutWindow::lblWebsite_MouseMove() {
+  view_.SetWebsiteColours(kWhite, kBlue);
+}
 
-void AboutWindow::Form_MouseMove() { view_.SetWebsiteColours(kBlue, kButtonFace); }
+void AboutWindow::Form_MouseMove() {
+  view_.SetWebsiteColours(kBlue, kButtonFace);
+}
 
 void AboutWindow::lblWebsite_Click() {
   if (unloaded_) return;
@@ -44,7 +49,9 @@ void AboutWindow::lblWebsite_Click() {
   Unload();
 }
 
-void AboutWindow::Command1_Click() { Unload(); }
+void AboutWindow::Command1_Click() {
+  Unload();
+}
 
 bool AboutWindow::Command1_KeyDown(int key_code) {
   if (key_code != kKeyEscape) return false;

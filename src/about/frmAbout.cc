@@ -71,16 +71,26 @@ frmAbout::frmAbout(Session& session, MenuPort& menu, QWidget* parent)
   setMouseTracking(true);
 }
 
-void frmAbout::OpenAddress(const std::string& address) { open_url(ToQt(address)); }
+void frmAbout::OpenAddress(const std::string& address) {
+  open_url(ToQt(address));
+}
 
-void frmAbout::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }
+void frmAbout::SetCaption(const std::string& caption) {
+  setWindowTitle(ToQt(caption));
+}
 
 // The title's trailing blank lines would only pad the layout.
-void frmAbout::SetTitle(const std::string& text) { lblTitle->setText(ToQt(text).trimmed()); }
+void frmAbout::SetTitle(const std::string& text) {
+  lblTitle->setText(ToQt(text).trimmed());
+}
 
-void frmAbout::SetInformation(const std::string& text) { lblInformation->setText(ToQt(text)); }
+void frmAbout::SetInformation(const std::string& text) {
+  lblInformation->setText(ToQt(text));
+}
 
-void frmAbout::SetWebsite(const std::string& address) { lblWebsite->setText(ToQt(address)); }
+void frmAbout::SetWebsite(const std::string& address) {
+  lblWebsite->setText(ToQt(address));
+}
 
 void frmAbout::SetWebsiteColours(SystemColour text, SystemColour background) {
   auto colour = [this](SystemColour c) {

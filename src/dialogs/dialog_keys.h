@@ -13,9 +13,12 @@ inline int KeyCodeOf(const QEvent* event) {
   if (event->type() != QEvent::KeyPress) return 0;
   switch (static_cast<const QKeyEvent*>(event)->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: return kKeyReturn;
-    case Qt::Key_Escape: return kKeyEscape;
-    default: return 0;
+    case Qt::Key_Enter:
+      return kKeyReturn;
+    case Qt::Key_Escape:
+      return kKeyEscape;
+    default:
+      return 0;
   }
 }
 

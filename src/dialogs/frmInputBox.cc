@@ -15,9 +15,8 @@ namespace {
 
 // The program's one input box; its InputMsg takes no object that could hold it.
 InputBoxSlot& ProgramSlot() {
-  static InputBoxSlot slot([](const std::shared_ptr<InputBox>& box) -> InputView& {
-    return *new frmInputBox(box);
-  });
+  static InputBoxSlot slot(
+      [](const std::shared_ptr<InputBox>& box) -> InputView& { return *new frmInputBox(box); });
   return slot;
 }
 
@@ -45,13 +44,25 @@ frmInputBox::frmInputBox(std::shared_ptr<InputBox> logic, QWidget* parent)
   txtInput->installEventFilter(this);
 }
 
-frmInputBox::~frmInputBox() { logic_->ViewGone(); }
+frmInputBox::~frmInputBox() {
+  logic_->ViewGone();
+}
 
-void frmInputBox::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }
-void frmInputBox::SetPrompt(const std::string& prompt) { Label1->setText(ToQt(prompt)); }
-void frmInputBox::SetText(const std::string& text) { txtInput->setText(ToQt(text)); }
-std::string frmInputBox::Text() { return FromQt(txtInput->text()); }
-void frmInputBox::SelectText(int start, int length) { txtInput->setSelection(start, length); }
+void frmInputBox::SetCaption(const std::string& caption) {
+  setWindowTitle(ToQt(caption));
+}
+void frmInputBox::SetPrompt(const std::string& prompt) {
+  Label1->setText(ToQt(prompt));
+}
+void frmInputBox::SetText(const std::string& text) {
+  txtInput->setText(ToQt(text));
+}
+std::string frmInputBox::Text() {
+  return FromQt(txtInput->text());
+}
+void frmInputBox::SelectText(int start, int length) {
+  txtInput->setSelection(start, length);
+}
 
 void frmInputBox::SetPasswordChar(const std::string& pw_char) {
   txtInput->setEchoMode(pw_char.empty() ? QLineEdit::Normal : QLineEdit::Password);

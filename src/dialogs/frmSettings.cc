@@ -30,7 +30,8 @@ Control* Make(SettingsControl which, QWidget* parent) {
 
 }  // namespace
 
-frmSettings::frmSettings(Session& session, MenuPort& menu, WindowServices& services, QWidget* parent)
+frmSettings::frmSettings(Session& session, MenuPort& menu, WindowServices& services,
+                         QWidget* parent)
     : QWidget(parent, Qt::Dialog), gate_(session.gate), logic_(session, menu, services, *this) {
   BuildControls();
 }
@@ -39,7 +40,8 @@ void frmSettings::BuildControls() {
   Frame1 = Make<QGroupBox>(SettingsControl::kFrame1, this);
   auto* themes = new QGridLayout(Frame1);
   for (int i = 0; i < kThemeCount; ++i) {
-    optTheme[static_cast<size_t>(i)] = new QRadioButton(ThemeCaptions()[static_cast<size_t>(i)], Frame1);
+    optTheme[static_cast<size_t>(i)] =
+        new QRadioButton(ThemeCaptions()[static_cast<size_t>(i)], Frame1);
     themes->addWidget(optTheme[static_cast<size_t>(i)], i % 6, i / 6);
   }
   chkNiceMode = Make<QCheckBox>(SettingsControl::kNiceMode, this);
@@ -102,20 +104,32 @@ void frmSettings::BuildControls() {
 
 QCheckBox* frmSettings::Box(SettingsControl box) const {
   switch (box) {
-    case SettingsControl::kNiceMode: return chkNiceMode;
-    case SettingsControl::kQuickScroll: return chkQuickScroll;
-    case SettingsControl::kCopyAsRTF: return chkCopyAsRTF;
-    case SettingsControl::kAlert: return chkAlert;
-    case SettingsControl::kPlaySound: return chkPlaySound;
-    default: return nullptr;
+    case SettingsControl::kNiceMode:
+      return chkNiceMode;
+    case SettingsControl::kQuickScroll:
+      return chkQuickScroll;
+    case SettingsControl::kCopyAsRTF:
+      return chkCopyAsRTF;
+    case SettingsControl::kAlert:
+      return chkAlert;
+    case SettingsControl::kPlaySound:
+      return chkPlaySound;
+    default:
+      return nullptr;
   }
 }
 
-void frmSettings::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }
+void frmSettings::SetCaption(const std::string& caption) {
+  setWindowTitle(ToQt(caption));
+}
 
-void frmSettings::SetThemeChecked(int index) { optTheme.at(static_cast<size_t>(index))->setChecked(true); }
+void frmSettings::SetThemeChecked(int index) {
+  optTheme.at(static_cast<size_t>(index))->setChecked(true);
+}
 
-bool frmSettings::ThemeChecked(int index) { return optTheme.at(static_cast<size_t>(index))->isChecked(); }
+bool frmSettings::ThemeChecked(int index) {
+  return optTheme.at(static_cast<size_t>(index))->isChecked();
+}
 
 void frmSettings::SetThemeFont(int index, const std::string& font_name, int points) {
   optTheme.at(static_cast<size_t>(index))->setFont(MakeFont(font_name, points, false));
@@ -130,7 +144,9 @@ bool frmSettings::Checked(SettingsControl box) {
   return check && check->isChecked();
 }
 
-void frmSettings::SetSoundLabel(const std::string& text) { lblUpdatedWav->setText(ToQt(text)); }
+void frmSettings::SetSoundLabel(const std::string& text) {
+  lblUpdatedWav->setText(ToQt(text));
+}
 
 void frmSettings::CentreOnScreen() {
   adjustSize();

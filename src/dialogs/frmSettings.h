@@ -21,7 +21,8 @@ class frmSettings : public QWidget, public SettingsView {
   Q_OBJECT
 
  public:
-  frmSettings(Session& session, MenuPort& menu, WindowServices& services, QWidget* parent = nullptr);
+  frmSettings(Session& session, MenuPort& menu, WindowServices& services,
+              QWidget* parent = nullptr);
 
   QGroupBox* Frame1;
   std::array<QRadioButton*, 12> optTheme{};

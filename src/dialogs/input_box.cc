@@ -28,10 +28,14 @@ void InputBox::cmdCancel_Click() {
 
 bool InputBox::txtInput_KeyDown(int key_code) {
   if (!view_) return false;
-  if (key_code == kKeyReturn || key_code == kKeyLineFeed) cmdOK_Click();
-  else if (key_code == kKeyEscape) cmdCancel_Click();
-  else return false;
-  InputDone = true;
+  if (key_code == kKeyReturn || key_code == kKeyLineFeed) {
+    cmdOK_Click();
+  } else if (key_code == kKeyEscape) {
+    cmdCancel_Click();
+  } else {
+    return false;
+  }
+  InputDone = true;  // again: whatever the handler did, the wait ends
   return true;
 }
 
@@ -44,7 +48,9 @@ void InputBox::Form_QueryUnload() {
   }
 }
 
-void InputBox::ViewGone() { Form_QueryUnload(); }
+void InputBox::ViewGone() {
+  Form_QueryUnload();
+}
 
 void InputBox::Unload() {
   InputView* view = view_;
@@ -52,7 +58,9 @@ void InputBox::Unload() {
   view->Close();
 }
 
-std::shared_ptr<InputBox> InputBoxSlot::Loaded() const { return box_ && box_->Loaded() ? box_ : nullptr; }
+std::shared_ptr<InputBox> InputBoxSlot::Loaded() const {
+  return box_ && box_->Loaded() ? box_ : nullptr;
+}
 
 std::shared_ptr<InputBox> InputBoxSlot::Load() {
   if (std::shared_ptr<InputBox> loaded = Loaded()) return loaded;
@@ -63,8 +71,9 @@ std::shared_ptr<InputBox> InputBoxSlot::Load() {
   return box;
 }
 
-std::string InputMsg(Env& env, InputBoxSlot& slot, const std::string& prompt, const std::string& title,
-                     const std::string& edit_string, const std::string& pw_char) {
+std::string InputMsg(Env& env, InputBoxSlot& slot, const std::string& prompt,
+                     const std::string& title, const std::string& edit_string,
+                     const std::string& pw_char) {
   const std::shared_ptr<InputBox> box = slot.Load();
   box->InputDone = false;
   box->InputResult.clear();

@@ -83,7 +83,8 @@ class InputBoxSlot {
 // events run, until the user answers. Returns the confirmed text, or "" when
 // cancelled (OK on an empty text gives "" too). `pw_char`, when given, hides
 // what is typed.
-std::string InputMsg(Env& env, InputBoxSlot& slot, const std::string& prompt, const std::string& title,
-                     const std::string& edit_string = "", const std::string& pw_char = "");
+std::string InputMsg(Env& env, InputBoxSlot& slot, const std::string& prompt,
+                     const std::string& title, const std::string& edit_string = "",
+                     const std::string& pw_char = "");
 
 }  // namespace ferrow

@@ -16,11 +16,14 @@ namespace {
 constexpr int kNiceInterval = 2000, kNormalInterval = 500;
 constexpr char kDefaultSound[] = "Updated.wav";
 
-int16_t IntervalFor(bool nice) { return static_cast<int16_t>(nice ? kNiceInterval : kNormalInterval); }
+int16_t IntervalFor(bool nice) {
+  return static_cast<int16_t>(nice ? kNiceInterval : kNormalInterval);
+}
 
 }  // namespace
 
-SettingsDialog::SettingsDialog(Session& session, MenuPort& menu, WindowServices& services, SettingsView& view)
+SettingsDialog::SettingsDialog(Session& session, MenuPort& menu, WindowServices& services,
+                               SettingsView& view)
     : session_(session), menu_(menu), services_(services), view_(view) {}
 
 void SettingsDialog::Form_Load() {
@@ -44,7 +47,9 @@ void SettingsDialog::Form_Load() {
 
 // The check boxes change the session at once and save nothing; the running
 // poll timer keeps its interval until Apply.
-void SettingsDialog::chkAlert_Click() { session_.options.AlertOnUpdate = view_.Checked(SettingsControl::kAlert); }
+void SettingsDialog::chkAlert_Click() {
+  session_.options.AlertOnUpdate = view_.Checked(SettingsControl::kAlert);
+}
 
 void SettingsDialog::chkNiceMode_Click() {
   Options& o = session_.options;
@@ -62,10 +67,15 @@ void SettingsDialog::chkQuickScroll_Click() {
 }
 
 bool SettingsDialog::Control_KeyDown(int key_code) {
-  if (key_code == kKeyReturn) cmdOK_Click();
-  else if (key_code == kKeyEscape) cmdCancel_Click();
-  else return false;
-  return true;
+  if (key_code == kKeyReturn) {
+    cmdOK_Click();
+    return true;
+  }
+  if (key_code == kKeyEscape) {
+    cmdCancel_Click();
+    return true;
+  }
+  return false;
 }
 
 void SettingsDialog::SaveSettings() {

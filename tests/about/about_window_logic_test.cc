@@ -35,9 +35,13 @@ TEST_F(AboutWindowTest, OpensCentredWithCaptionTitleInformationAndTheWebsite) {
   about.Form_Load();
   EXPECT_EQ(view.caption, "About Ferrow for Windows");
   EXPECT_EQ(view.title, "Ferrow v1.46 - 30th June 2012\r\n\r\n");
-  EXPECT_EQ(view.information.rfind("Ferrow retrieves data from the END of the file as it changes. \r\n\r\n", 0), 0u);
-  EXPECT_NE(view.information.find(" - Running since 30/06/2012 "), std::string::npos) << view.information;
-  EXPECT_NE(view.information.find("absolutely NO warranty\r\n\r\n" + options.UsageText), std::string::npos);
+  EXPECT_EQ(view.information.rfind(
+                "Ferrow retrieves data from the END of the file as it changes. \r\n\r\n", 0),
+            0u);
+  EXPECT_NE(view.information.find(" - Running since 30/06/2012 "), std::string::npos)
+      << view.information;
+  EXPECT_NE(view.information.find("absolutely NO warranty\r\n\r\n" + options.UsageText),
+            std::string::npos);
   EXPECT_EQ(view.website, kWebsite);
   EXPECT_EQ(view.website_text, kBlue);
   EXPECT_EQ(view.website_back, kButtonFace);
@@ -47,7 +51,8 @@ TEST_F(AboutWindowTest, OpensCentredWithCaptionTitleInformationAndTheWebsite) {
 
 TEST_F(AboutWindowTest, WithTheLibraryMissingItIsNotActiveAndHasNoPath) {
   about.Form_Load();
-  EXPECT_NE(view.information.find("\r\nFERROW.DLL helper v0 is NOT active \r\n\r\n"), std::string::npos)
+  EXPECT_NE(view.information.find("\r\nFERROW.DLL helper v0 is NOT active \r\n\r\n"),
+            std::string::npos)
       << view.information;
 }
 
@@ -74,8 +79,8 @@ TEST_F(AboutWindowTest, OkClosesAndGivesTheControlWindowBack) {
   about.Form_Load();
   about.Command1_Click();
   EXPECT_EQ(view.closes, 1);
-  EXPECT_EQ(menu.calls,
-            (std::vector<std::string>{"EnableCheckBoxes", "EnableAllButtons", "ShowNormalAndActivate"}));
+  EXPECT_EQ(menu.calls, (std::vector<std::string>{"EnableCheckBoxes", "EnableAllButtons",
+                                                  "ShowNormalAndActivate"}));
   about.Command1_Click();
   about.Form_Unload();  // the window's own close that follows
   EXPECT_EQ(view.closes, 1);

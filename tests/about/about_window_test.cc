@@ -44,17 +44,19 @@ TEST_F(AboutWindow, TheMouseAndAClickOnTheLinkReachTheWindow) {
   about->open_url = [&](const QString& address) { opened = address.toStdString(); };
   about->Form_Load();
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::blue));
-  EXPECT_EQ(about->lblWebsite->palette().color(QPalette::Window), about->palette().color(QPalette::Button));
+  EXPECT_EQ(about->lblWebsite->palette().color(QPalette::Window),
+            about->palette().color(QPalette::Button));
   QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
   QApplication::sendEvent(about->lblWebsite, &enter);
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::white));
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::Window), QColor(Qt::blue));
-  QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
   QApplication::sendEvent(about, &move);
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::blue));
   QPointer<frmAbout> alive(about);
-  QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton,
-                    Qt::NoModifier);
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(about->lblWebsite, &press);
   EXPECT_EQ(opened, "https://ferrow.example.org/");
   EXPECT_FALSE(about->isVisible());

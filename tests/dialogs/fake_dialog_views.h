@@ -48,7 +48,9 @@ class FakeInputView : public InputView {
     selected.clear();
   }
   std::string Text() override { return text; }
-  void SelectText(int start, int length) override { selected = text.substr(static_cast<size_t>(start), static_cast<size_t>(length)); }
+  void SelectText(int start, int length) override {
+    selected = text.substr(static_cast<size_t>(start), static_cast<size_t>(length));
+  }
   void SetPasswordChar(const std::string& c) override { password_char = c; }
   void Show() override { ++shown; }
   void Close() override { ++closes; }

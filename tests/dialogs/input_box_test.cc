@@ -113,8 +113,10 @@ TEST_F(InputBoxWindow, TheWaitRunsOtherWindowsEventsAsCountedEventPasses) {
   });
   other.start(1);
   Answer([&](frmInputBox& box) {
-    if (ticks > 0) box.cmdCancel->click();
-    else Answer([](frmInputBox& again) { again.cmdCancel->click(); });
+    if (ticks > 0)
+      box.cmdCancel->click();
+    else
+      Answer([](frmInputBox& again) { again.cmdCancel->click(); });
   });
   InputMsg(env, "p", "t");
   EXPECT_GT(ticks, 0);

@@ -150,8 +150,9 @@ TEST_F(SettingsDialogTest, ApplyShowsItsCaptionSavesSetsTheTimerRestartsAndClose
   EXPECT_EQ(Stored("ThemeNumber"), "2");
   EXPECT_EQ(options.TimerInterval, 2000);
   const std::vector<std::string> tail(menu.calls.end() - 5, menu.calls.end());
-  EXPECT_EQ(tail, (std::vector<std::string>{"TimerInterval=2000", "RestartFollowing", "RestartFollowing done",
-                                            "EnableCheckBoxes", "EnableAllButtons"}));
+  EXPECT_EQ(tail, (std::vector<std::string>{"TimerInterval=2000", "RestartFollowing",
+                                            "RestartFollowing done", "EnableCheckBoxes",
+                                            "EnableAllButtons"}));
   EXPECT_EQ(view.closes, 1);
   EXPECT_TRUE(dialog.Unloaded());
 }
@@ -234,8 +235,11 @@ TEST_F(SettingsDialogTest, ABrowsedSoundThatExistsIsTakenAMissingOneIsIgnored) {
 TEST_F(SettingsDialogTest, BrowsingFromABareSoundNameStartsInTheProgramsFolder) {
   dialog.Form_Load();
   dialog.cmdBrowseWav_Click();
-  const std::string program_folder = env.ProgramPath().substr(0, env.ProgramPath().find_last_of("/\\"));
-  EXPECT_EQ(services.dialogs.back().rfind("Select Update Sound|WAV files|*.wav||" + program_folder, 0), 0u)
+  const std::string program_folder =
+      env.ProgramPath().substr(0, env.ProgramPath().find_last_of("/\\"));
+  EXPECT_EQ(
+      services.dialogs.back().rfind("Select Update Sound|WAV files|*.wav||" + program_folder, 0),
+      0u)
       << services.dialogs.back();
   EXPECT_NE(services.dialogs.back().find("Updated.wav"), std::string::npos);
 }
@@ -278,11 +282,10 @@ TEST_F(SettingsDialogTest, EverythingArrivingDuringApplyIsDroppedAndTheDialogClo
   dialog.Form_Load();
   bool close_box_kept_open = false;
   menu.during_restart = [&] {
-    env.user = {[&] { dialog.cmdCancel_Click(); },
-                [&] { EXPECT_TRUE(dialog.Control_KeyDown(kKeyEscape)); },
-                [&] { EXPECT_TRUE(dialog.Control_KeyDown(kKeyReturn)); },
-                [&] { dialog.cmdOK_Click(); },
-                [&] { close_box_kept_open = !dialog.Form_QueryUnload(); }};
+    env.user = {
+        [&] { dialog.cmdCancel_Click(); }, [&] { EXPECT_TRUE(dialog.Control_KeyDown(kKeyEscape)); },
+        [&] { EXPECT_TRUE(dialog.Control_KeyDown(kKeyReturn)); }, [&] { dialog.cmdOK_Click(); },
+        [&] { close_box_kept_open = !dialog.Form_QueryUnload(); }};
     while (!env.user.empty()) env.LetEventsRun();
     EXPECT_EQ(view.closes, 0);
     EXPECT_EQ(menu.Count("EnableAllButtons"), 0) << "the buttons come back only at the end";

@@ -14,7 +14,9 @@ class FakeMenuPort : public MenuPort {
   void EnableCheckBoxes() override { calls.push_back("EnableCheckBoxes"); }
   void EnableAllButtons() override { calls.push_back("EnableAllButtons"); }
   void ShowNormalAndActivate() override { calls.push_back("ShowNormalAndActivate"); }
-  void SetPlaySoundCheckBox(bool on) override { calls.push_back(on ? "PlaySound=1" : "PlaySound=0"); }
+  void SetPlaySoundCheckBox(bool on) override {
+    calls.push_back(on ? "PlaySound=1" : "PlaySound=0");
+  }
   void ClearHistoryList() override { calls.push_back("ClearHistoryList"); }
   void SetTimerInterval(int ms) override { calls.push_back("TimerInterval=" + std::to_string(ms)); }
   void RestartFollowing() override {
