@@ -4,41 +4,32 @@
 #include <QDesktopServices>
 #include <QEnterEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
-#include <QScreen>
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "about/about_text.h"
-#include "about/product.h"
-#include "control/menu_port.h"
 #include "control/event_passes.h"
+#include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
 #include "session/session.h"
-#include "support/dates.h"
 
 namespace ferrow {
 
-WebsiteLabel::WebsiteLabel(const QString& address, QWidget* parent) : QLabel(address, parent) {
+WebsiteLabel::WebsiteLabel(QWidget* parent) : QLabel(parent) {
   setAutoFillBackground(true);
   setCursor(Qt::PointingHandCursor);
+  setMouseTracking(true);
   setMargin(2);
-  ShowHover(false);
-}
-
-void WebsiteLabel::ShowHover(bool hovering) {
-  QPalette p = palette();
-  p.setColor(QPalette::Window, hovering ? QColor(Qt::blue) : parentWidget()
-                                                                  ? parentWidget()->palette().color(QPalette::Button)
-                                                                  : p.color(QPalette::Button));
-  p.setColor(QPalette::WindowText, hovering ? QColor(Qt::white) : QColor(Qt::blue));
-  setPalette(p);
 }
 
 void WebsiteLabel::enterEvent(QEnterEvent* event) {
-  ShowHover(true);
+  emit hovered();
   QLabel::enterEvent(event);
+}
+
+void WebsiteLabel::mouseMoveEvent(QMouseEvent* event) {
+  emit hovered();
+  QLabel::mouseMoveEvent(event);
 }
 
 void WebsiteLabel::mousePressEvent(QMouseEvent* event) {
@@ -50,11 +41,11 @@ frmAbout::frmAbout(Session& session, MenuPort& menu, QWidget* parent)
     : QWidget(parent, Qt::Dialog),
       lblTitle(new QLabel(this)),
       lblInformation(new QLabel(this)),
-      lblWebsite(new WebsiteLabel(kWebsite, this)),
+      lblWebsite(new WebsiteLabel(this)),
       Command1(new QPushButton(tr("OK"), this)),
       open_url([](const QString& address) { QDesktopServices::openUrl(QUrl(address)); }),
-      session_(session),
-      menu_(menu) {
+      gate_(session.gate),
+      logic_(session, menu, *this) {
   QFont title = lblTitle->font();
   title.setBold(true);
   title.setPointSizeF(title.pointSizeF() * 1.3);
@@ -71,58 +62,67 @@ frmAbout::frmAbout(Session& session, MenuPort& menu, QWidget* parent)
   layout->addWidget(lblInformation);
   layout->addLayout(bottom);
   layout->setSizeConstraint(QLayout::SetFixedSize);
-  connect(lblWebsite, &WebsiteLabel::clicked, this, &frmAbout::lblWebsite_Click);
-  connect(Command1, &QPushButton::clicked, this, &frmAbout::Command1_Click);
+  AboutWindow* logic = &logic_;
+  connect(lblWebsite, &WebsiteLabel::clicked, this, [logic] { logic->lblWebsite_Click(); });
+  connect(lblWebsite, &WebsiteLabel::hovered, this, [logic] { logic->lblWebsite_MouseMove(); });
+  connect(Command1, &QPushButton::clicked, this, [logic] { logic->Command1_Click(); });
   Command1->installEventFilter(this);
   installEventFilter(this);
   setMouseTracking(true);
 }
 
-void frmAbout::Form_Load() {
-  const Options& o = session_.options;
-  setWindowTitle(ToQt(AboutCaption()));
-  lblTitle->setText(ToQt(AboutTitle()).trimmed());
-  const std::tm started = LocalTime(o.StartTime);
-  const std::string since = session_.env.SystemShortDate(started) + " " + session_.env.SystemLongTime(started);
-  const std::string library =
-      o.HelperLibraryInUse && session_.helper ? session_.helper->GetDLLFileName().value_or("") : "";
-  lblInformation->setText(ToQt(AboutInformation(o, session_.env.ProgramPath(), since, library)));
+void frmAbout::OpenAddress(const std::string& address) {
+  open_url(ToQt(address));
+}
+
+void frmAbout::SetCaption(const std::string& caption) {
+  setWindowTitle(ToQt(caption));
+}
+
+// The title's trailing blank lines would only pad the layout.
+void frmAbout::SetTitle(const std::string& text) {
+  lblTitle->setText(ToQt(text).trimmed());
+}
+
+void frmAbout::SetInformation(const std::string& text) {
+  lblInformation->setText(ToQt(text));
+}
+
+void frmAbout::SetWebsite(const std::string& address) {
+  lblWebsite->setText(ToQt(address));
+}
+
+void frmAbout::SetWebsiteColours(SystemColour text, SystemColour background) {
+  auto colour = [this](SystemColour c) {
+    return c == kButtonFace ? palette().color(QPalette::Button) : ToQColor(static_cast<Colour>(c));
+  };
+  QPalette p = lblWebsite->palette();
+  p.setColor(QPalette::Window, colour(background));
+  p.setColor(QPalette::WindowText, colour(text));
+  lblWebsite->setPalette(p);
+}
+
+void frmAbout::CentreOnScreen() {
   adjustSize();
   CentreWindow(*this);
+}
+
+void frmAbout::Show() {
   show();
   Command1->setFocus();
 }
 
-void frmAbout::lblWebsite_Click() {
-  open_url(lblWebsite->text());
-  menu_.ShowNormalAndActivate();
-  close();
-}
-
-void frmAbout::Command1_Click() { close(); }
-
-// The mouse over the rest of the window gives the link its normal colours
-// back; Escape on the OK button closes the window.
 bool frmAbout::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == this && event->type() == QEvent::MouseMove) lblWebsite->ShowHover(false);
-  if (watched == this && event->type() == QEvent::Enter) lblWebsite->ShowHover(false);
-  if (watched == Command1 && event->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-    Command1_Click();
-    return true;
-  }
+  if (watched == this && (event->type() == QEvent::MouseMove || event->type() == QEvent::Enter))
+    logic_.Form_MouseMove();
+  if (watched == Command1 && logic_.Command1_KeyDown(KeyCodeOf(event))) return true;
   return QWidget::eventFilter(watched, event);
 }
 
 void frmAbout::closeEvent(QCloseEvent* event) {
-  WindowGate& gate = session_.gate;
-  if (!gate.Closing() && !gate.Busy()) {  // a running open re-enables them itself at its end
-    menu_.EnableCheckBoxes();
-    menu_.EnableAllButtons();
-    menu_.ShowNormalAndActivate();
-  }
+  logic_.Form_Unload();
   QWidget::closeEvent(event);
-  DeleteWindowLater(gate, this);
+  DeleteWindowLater(gate_, this);
 }
 
 }  // namespace ferrow

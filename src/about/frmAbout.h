@@ -1,34 +1,36 @@
-// The about window: program, companion library and usage information, and a
-// link to the project's web page.
+// The about window: it draws the texts and the web page link, and forwards
+// its events to `AboutWindow`, which decides everything.
 #pragma once
 
 #include <QLabel>
 #include <QWidget>
 #include <functional>
 
+#include "about/about_window.h"
+
 class QPushButton;
 
 namespace ferrow {
 
-class MenuPort;
-struct Session;
+class WindowGate;
 
-// The web page label: blue on the button face, white on blue under the mouse.
+// The web page label: reports the mouse over it and clicks on it.
 class WebsiteLabel : public QLabel {
   Q_OBJECT
  public:
-  explicit WebsiteLabel(const QString& address, QWidget* parent = nullptr);
-  void ShowHover(bool hovering);
+  explicit WebsiteLabel(QWidget* parent = nullptr);
 
  signals:
   void clicked();
+  void hovered();
 
  protected:
   void enterEvent(QEnterEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 };
 
-class frmAbout : public QWidget {
+class frmAbout : public QWidget, public AboutView {
   Q_OBJECT
 
  public:
@@ -39,9 +41,9 @@ class frmAbout : public QWidget {
   WebsiteLabel* lblWebsite;
   QPushButton* Command1;
 
-  void Form_Load();
-  void lblWebsite_Click();
-  void Command1_Click();
+  void Form_Load() { logic_.Form_Load(); }
+  void lblWebsite_Click() { logic_.lblWebsite_Click(); }
+  void Command1_Click() { logic_.Command1_Click(); }
 
   // Opens addresses; tests replace it.
   std::function<void(const QString&)> open_url;
@@ -51,8 +53,18 @@ class frmAbout : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  Session& session_;
-  MenuPort& menu_;
+  void SetCaption(const std::string& caption) override;
+  void SetTitle(const std::string& text) override;
+  void SetInformation(const std::string& text) override;
+  void SetWebsite(const std::string& address) override;
+  void SetWebsiteColours(SystemColour text, SystemColour background) override;
+  void OpenAddress(const std::string& address) override;
+  void CentreOnScreen() override;
+  void Show() override;
+  void Close() override { close(); }
+
+  WindowGate& gate_;
+  AboutWindow logic_;
 };
 
 }  // namespace ferrow

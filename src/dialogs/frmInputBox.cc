@@ -1,35 +1,34 @@
 #include "dialogs/frmInputBox.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "dialogs/dialog_keys.h"
 #include "display/qt_convert.h"
-#include "platform/env.h"
 
 namespace ferrow {
 namespace {
 
-QPointer<frmInputBox> loaded;
-// The last answer given, for a wait whose box is already gone (one call
-// waiting inside another shares the box, and the inner one unloads it).
-std::string last_answer;
+// The program's one input box; its InputMsg takes no object that could hold it.
+InputBoxSlot& ProgramSlot() {
+  static InputBoxSlot slot(
+      [](const std::shared_ptr<InputBox>& box) -> InputView& { return *new frmInputBox(box); });
+  return slot;
+}
 
 }  // namespace
 
-frmInputBox::frmInputBox(QWidget* parent)
+frmInputBox::frmInputBox(std::shared_ptr<InputBox> logic, QWidget* parent)
     : QWidget(parent, Qt::Dialog),
       Label1(new QLabel(this)),
       txtInput(new QLineEdit(this)),
       cmdOK(new QPushButton(tr("OK"), this)),
-      cmdCancel(new QPushButton(tr("Cancel"), this)) {
+      cmdCancel(new QPushButton(tr("Cancel"), this)),
+      logic_(std::move(logic)) {
   Label1->setWordWrap(true);
   txtInput->setMinimumWidth(360);
   auto* buttons = new QHBoxLayout;
@@ -45,73 +44,56 @@ frmInputBox::frmInputBox(QWidget* parent)
   txtInput->installEventFilter(this);
 }
 
-void frmInputBox::Form_Load() {
-  txtInput->clear();
-  Label1->clear();
+frmInputBox::~frmInputBox() {
+  logic_->ViewGone();
+}
+
+void frmInputBox::SetCaption(const std::string& caption) {
+  setWindowTitle(ToQt(caption));
+}
+void frmInputBox::SetPrompt(const std::string& prompt) {
+  Label1->setText(ToQt(prompt));
+}
+void frmInputBox::SetText(const std::string& text) {
+  txtInput->setText(ToQt(text));
+}
+std::string frmInputBox::Text() {
+  return FromQt(txtInput->text());
+}
+void frmInputBox::SelectText(int start, int length) {
+  txtInput->setSelection(start, length);
+}
+
+void frmInputBox::SetPasswordChar(const std::string& pw_char) {
+  txtInput->setEchoMode(pw_char.empty() ? QLineEdit::Normal : QLineEdit::Password);
+}
+
+void frmInputBox::Show() {
   show();
   activateWindow();
   txtInput->setFocus();
 }
 
-void frmInputBox::cmdOK_Click() {
-  InputResult = last_answer = FromQt(txtInput->text());
-  InputDone = true;
-  close();
-}
-
-void frmInputBox::cmdCancel_Click() {
-  InputResult.clear();
-  last_answer.clear();
-  InputDone = true;
-  close();
-}
-
-// Enter and line feed confirm, Escape cancels; other keys edit the text.
 bool frmInputBox::eventFilter(QObject* watched, QEvent* event) {
-  const DialogKey key = watched == txtInput ? DialogKeyOf(event) : DialogKey::kNone;
-  if (key == DialogKey::kConfirm) cmdOK_Click();
-  if (key == DialogKey::kCancel) cmdCancel_Click();
-  return key != DialogKey::kNone || QWidget::eventFilter(watched, event);
+  const int key = watched == txtInput ? KeyCodeOf(event) : 0;
+  if (key && logic_->txtInput_KeyDown(key)) return true;
+  return QWidget::eventFilter(watched, event);
 }
 
-// The close box answers as Cancel does.
 void frmInputBox::closeEvent(QCloseEvent* event) {
-  if (!InputDone) {
-    InputResult.clear();
-    last_answer.clear();
-    InputDone = true;
-  }
+  logic_->Form_QueryUnload();
   QWidget::closeEvent(event);
+  deleteLater();
 }
 
-frmInputBox* LoadedInputBox() { return loaded.data(); }
+frmInputBox* LoadedInputBox() {
+  const std::shared_ptr<InputBox> box = ProgramSlot().Loaded();
+  return box ? static_cast<frmInputBox*>(box->View()) : nullptr;
+}
 
 std::string InputMsg(Env& env, const std::string& prompt, const std::string& title,
                      const std::string& edit_string, const std::string& pw_char) {
-  if (!loaded) {
-    loaded = new frmInputBox;
-    loaded->Form_Load();
-  }
-  QPointer<frmInputBox> box = loaded;
-  box->InputDone = false;
-  box->InputResult.clear();
-  box->setWindowTitle(ToQt(title));
-  if (!pw_char.empty()) box->txtInput->setEchoMode(QLineEdit::Password);
-  if (!edit_string.empty()) {
-    box->txtInput->setText(ToQt(edit_string));
-    box->txtInput->selectAll();
-  }
-  box->Label1->setText(ToQt(prompt));
-  while (box && !box->InputDone) {
-    QApplication::processEvents();
-    env.SleepMs(100);
-    QApplication::processEvents();
-  }
-  const std::string answer = box ? box->InputResult : last_answer;
-  // Unloaded before the answer goes back; a later call makes a new box.
-  if (loaded == box) loaded.clear();
-  if (box) box->deleteLater();
-  return answer;
+  return InputMsg(env, ProgramSlot(), prompt, title, edit_string, pw_char);
 }
 
 }  // namespace ferrow

@@ -1,11 +1,11 @@
-// The settings dialog: theme, poll rate, sound, flashing, quick scrolling, the
-// copy format, and clearing the history. Check boxes act on the session at
-// once; Apply saves, reapplies the theme and reloads the file; Close saves
-// without reloading.
+// The settings dialog's window: it draws the controls and forwards their
+// events to `SettingsDialog`, which decides everything.
 #pragma once
 
 #include <QWidget>
 #include <array>
+
+#include "dialogs/settings_dialog.h"
 
 class QCheckBox;
 class QGroupBox;
@@ -15,15 +15,14 @@ class QRadioButton;
 
 namespace ferrow {
 
-class MenuPort;
-class WindowServices;
-struct Session;
+class WindowGate;
 
-class frmSettings : public QWidget {
+class frmSettings : public QWidget, public SettingsView {
   Q_OBJECT
 
  public:
-  frmSettings(Session& session, MenuPort& menu, WindowServices& services, QWidget* parent = nullptr);
+  frmSettings(Session& session, MenuPort& menu, WindowServices& services,
+              QWidget* parent = nullptr);
 
   QGroupBox* Frame1;
   std::array<QRadioButton*, 12> optTheme{};
@@ -35,12 +34,12 @@ class frmSettings : public QWidget {
   QPushButton* Command1;
   QPushButton *cmdOK, *cmdCancel;
 
-  void Form_Load();
-  void cmdOK_Click();
-  void cmdCancel_Click();
-  void Command1_Click();
-  void cmdBrowseWav_Click();
-  void cmdRevertWav_Click();
+  void Form_Load() { logic_.Form_Load(); }
+  void cmdOK_Click() { logic_.cmdOK_Click(); }
+  void cmdCancel_Click() { logic_.cmdCancel_Click(); }
+  void Command1_Click() { logic_.Command1_Click(); }
+  void cmdBrowseWav_Click() { logic_.cmdBrowseWav_Click(); }
+  void cmdRevertWav_Click() { logic_.cmdRevertWav_Click(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -48,13 +47,21 @@ class frmSettings : public QWidget {
 
  private:
   void BuildControls();
-  void SaveSettings();
-  void Apply();
+  QCheckBox* Box(SettingsControl box) const;
 
-  Session& session_;
-  MenuPort& menu_;
-  WindowServices& services_;
-  bool closing_ = false;  // closed by Apply or Close, not by the close box
+  void SetCaption(const std::string& caption) override;
+  void SetThemeChecked(int index) override;
+  bool ThemeChecked(int index) override;
+  void SetThemeFont(int index, const std::string& font_name, int points) override;
+  void SetChecked(SettingsControl box, bool on) override;
+  bool Checked(SettingsControl box) override;
+  void SetSoundLabel(const std::string& text) override;
+  void CentreOnScreen() override;
+  void Show() override { show(); }
+  void Close() override { close(); }
+
+  WindowGate& gate_;
+  SettingsDialog logic_;
 };
 
 }  // namespace ferrow
