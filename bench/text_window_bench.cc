@@ -11,7 +11,7 @@
 #include "display/append_block.h"
 #include "bench_support.h"
 #include "display/filters.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 #include "display/rtf_compose.h"
 #include "display/text_ops.h"
 #include "session/session.h"

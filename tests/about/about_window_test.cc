@@ -1,4 +1,4 @@
-#include "about/frmAbout.h"
+#include "qt/frmAbout.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 
 #include "about/usage.h"
 #include "control/form1_fixture.h"
-#include "dialogs/frmSettings.h"
+#include "qt/frmSettings.h"
 #include "startup/command_line.h"
 
 namespace ferrow {

@@ -5,8 +5,8 @@
 
 #include "config/ini_file.h"
 #include "control/form1_fixture.h"
-#include "dialogs/frmInputBox.h"
-#include "display/frmText.h"
+#include "qt/frmInputBox.h"
+#include "qt/frmText.h"
 #include "support/paths.h"
 
 namespace ferrow {

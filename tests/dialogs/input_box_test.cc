@@ -1,7 +1,7 @@
 // The input box's window: what InputMsg sets reaches the controls, and the
 // buttons, keys and close box reach the box. What the box decides is tested
 // against a fake window in input_box_logic_test.cc.
-#include "dialogs/frmInputBox.h"
+#include "qt/frmInputBox.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "control/event_passes.h"
+#include "qt/event_passes.h"
 #include "control/window_gate.h"
 #include "platform/env.h"
 

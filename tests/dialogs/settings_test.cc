@@ -2,7 +2,7 @@
 // values reach the controls, clicks and keys reach the dialog, and Apply
 // really reloads. What the dialog decides is tested against a fake window
 // in settings_dialog_test.cc.
-#include "dialogs/frmSettings.h"
+#include "qt/frmSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +15,7 @@
 
 #include "config/ini_file.h"
 #include "control/form1_fixture.h"
+#include "qt/frmText.h"
 #include "display/themes.h"
 
 namespace ferrow {

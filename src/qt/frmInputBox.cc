@@ -1,4 +1,4 @@
-#include "dialogs/frmInputBox.h"
+#include "qt/frmInputBox.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "dialogs/dialog_keys.h"
-#include "display/qt_convert.h"
+#include "qt/dialog_keys.h"
+#include "qt/qt_convert.h"
 
 namespace ferrow {
 namespace {

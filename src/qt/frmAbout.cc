@@ -1,4 +1,4 @@
-#include "about/frmAbout.h"
+#include "qt/frmAbout.h"
 
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -8,9 +8,9 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "control/event_passes.h"
-#include "dialogs/dialog_keys.h"
-#include "display/qt_convert.h"
+#include "qt/event_passes.h"
+#include "qt/dialog_keys.h"
+#include "qt/qt_convert.h"
 #include "session/session.h"
 
 namespace ferrow {

@@ -1,4 +1,4 @@
-#include "dialogs/frmSettings.h"
+#include "qt/frmSettings.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -11,9 +11,9 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "control/event_passes.h"
-#include "dialogs/dialog_keys.h"
-#include "display/qt_convert.h"
+#include "qt/event_passes.h"
+#include "qt/dialog_keys.h"
+#include "qt/qt_convert.h"
 #include "display/themes.h"
 #include "session/session.h"
 
