@@ -9,7 +9,7 @@
 
 #include "config/history.h"
 #include "config/ini_file.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

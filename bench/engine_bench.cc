@@ -13,11 +13,11 @@
 
 #include "bench_support.h"
 #include "display/filters.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 #include "engine/file_reader.h"
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

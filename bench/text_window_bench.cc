@@ -11,10 +11,10 @@
 #include "display/append_block.h"
 #include "bench_support.h"
 #include "display/filters.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 #include "display/rtf_compose.h"
 #include "display/text_ops.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

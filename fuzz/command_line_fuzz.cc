@@ -11,7 +11,7 @@
 #include "fuzz_input.h"
 #include "platform/env.h"
 #include "startup/command_line.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/tokenize.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "about/product.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/strings.h"
 
 namespace ferrow {

@@ -2,7 +2,7 @@
 
 #include "about/helper_library.h"
 #include "about/shortcut_files.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
 

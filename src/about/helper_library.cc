@@ -6,7 +6,7 @@
 
 #include "ferrow_helper.h"
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/install_layout.h"
 #include "support/paths.h"
 #include "support/strings.h"

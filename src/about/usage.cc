@@ -1,7 +1,7 @@
 #include "about/usage.h"
 
 #include "about/product.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 

@@ -8,7 +8,7 @@
 #include "config/ini_file.h"
 #include "config/keys.h"
 #include "config/write_lock.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/numbers.h"
 #include "support/strings.h"
 

@@ -8,7 +8,7 @@
 #include "config/keys.h"
 #include "config/value_readers.h"
 #include "display/colours.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/numbers.h"
 #include "support/paths.h"
 #include "support/strings.h"

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "config/keys.h"
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

@@ -4,7 +4,7 @@
 
 #include "config/ini_file.h"
 #include "config/keys.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 namespace {

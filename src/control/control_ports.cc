@@ -7,7 +7,7 @@
 #include "control/window_factory.h"
 #include "control/window_services.h"
 #include "display/text_box.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 

@@ -2,7 +2,7 @@
 
 #include "about/product.h"
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/paths.h"
 
 namespace ferrow {

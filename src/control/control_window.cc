@@ -14,7 +14,7 @@
 #include "control/window_services.h"
 #include "diag/debug_log.h"
 #include "display/filters.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 
 namespace ferrow {

@@ -4,7 +4,7 @@
 #include "about/tips.h"
 #include "config/history.h"
 #include "control/control_window.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
 

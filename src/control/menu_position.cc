@@ -1,6 +1,6 @@
 #include "control/menu_position.h"
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

@@ -10,7 +10,7 @@
 #include "control/window_factory.h"
 #include "display/filters.h"
 #include "display/text_box.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 #include "support/strings.h"
 

@@ -1,6 +1,6 @@
 #include "diag/debug_log.h"
 
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 
 namespace ferrow {

@@ -1,7 +1,7 @@
 #include "diag/error_report.h"
 
 #include "diag/debug_log.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace ferrow {
 

@@ -6,7 +6,7 @@
 #include "diag/backup_file.h"
 #include "diag/debug_log.h"
 #include "diag/error_report.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 #include "support/flib.h"
 #include "support/paths.h"

@@ -6,7 +6,7 @@
 #include "display/rtf_compose.h"
 #include "display/text_box.h"
 #include "display/text_ops.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 #include "support/tokenize.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/strings.h"
 #include "support/tokenize.h"
 

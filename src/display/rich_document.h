@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

@@ -2,7 +2,7 @@
 
 #include "display/filters.h"
 #include "display/rtf_escape.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/strings.h"
 
 namespace ferrow {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

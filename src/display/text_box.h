@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

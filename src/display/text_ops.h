@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 

@@ -8,7 +8,7 @@
 #include "display/text_box.h"
 #include "display/text_ops.h"
 #include "display/text_view.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 
 namespace ferrow {

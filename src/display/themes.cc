@@ -1,7 +1,7 @@
 #include "display/themes.h"
 
 #include "display/colours.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/strings.h"
 
 namespace ferrow {

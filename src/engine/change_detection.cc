@@ -6,7 +6,7 @@
 #include "engine/file_reader.h"
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/install_layout.h"
 #include "support/numbers.h"
 #include "support/paths.h"

@@ -8,7 +8,7 @@
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
 #include "platform/env.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 #include "support/numbers.h"
 #include "support/paths.h"

@@ -7,7 +7,7 @@
 #include "display/text_ops.h"
 #include "engine/follow_windows.h"
 #include "engine/follower.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/paths.h"
 
 namespace ferrow {

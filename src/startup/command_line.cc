@@ -5,7 +5,7 @@
 #include "about/product.h"
 #include "display/themes.h"
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/numbers.h"
 #include "support/paths.h"
 #include "support/strings.h"

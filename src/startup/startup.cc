@@ -14,7 +14,7 @@
 #include "display/filters.h"
 #include "display/themes.h"
 #include "startup/command_line.h"
-#include "startup/session.h"
+#include "session/session.h"
 #include "support/dates.h"
 #include "support/flib.h"
 #include "support/numbers.h"

@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "startup/session.h"
+#include "session/session.h"
 #include "win32/control_ids.h"
 #include "win32/control_window_view.h"
 #include "win32/text_window_view.h"

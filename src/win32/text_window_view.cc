@@ -5,8 +5,7 @@
 
 #include <vector>
 
-
-#include "startup/session.h"
+#include "session/session.h"
 #include "win32/ansi_text.h"
 #include "win32/control_ids.h"
 #include "win32/dropped_files.h"

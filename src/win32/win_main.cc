@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "control/window_services.h"
-#include "startup/options.h"
-#include "startup/session.h"
+#include "session/options.h"
+#include "session/session.h"
 #include "startup/startup.h"
 #include "win32/ansi_text.h"
 #include "win32/control_window_view.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "startup/command_line.h"
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 namespace {

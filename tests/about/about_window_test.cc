@@ -1,13 +1,16 @@
-#include "about/frmAbout.h"
+#include "qt/frmAbout.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QEnterEvent>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 
 #include "about/usage.h"
 #include "control/form1_fixture.h"
-#include "dialogs/frmSettings.h"
+#include "qt/frmSettings.h"
 #include "startup/command_line.h"
 
 namespace ferrow {
@@ -22,34 +25,43 @@ class AboutWindow : public testing::Form1Test {
   }
 };
 
-TEST_F(AboutWindow, ShowsCaptionTitleInformationAndTheWebsite) {
+TEST_F(AboutWindow, CaptionTitleInformationAndTheWebsiteReachTheWindow) {
   auto* about = new frmAbout(app, form->Logic());
   about->Form_Load();
+  EXPECT_TRUE(about->isVisible());
   EXPECT_EQ(about->windowTitle().toStdString(), "About Ferrow for Windows");
   EXPECT_EQ(about->lblTitle->text().toStdString(), "Ferrow v1.46 - 30th June 2012");
   EXPECT_NE(about->lblInformation->text().toStdString().find("FERROW.DLL helper v0 is NOT active "),
             std::string::npos);
   EXPECT_EQ(about->lblWebsite->text().toStdString(), "https://ferrow.example.org/");
-  about->Command1_Click();
+  about->Command1->click();
+  EXPECT_FALSE(about->isVisible());
 }
 
-TEST_F(AboutWindow, WebsiteChangesColourUnderTheMouseAndOpensOnClick) {
+TEST_F(AboutWindow, TheMouseAndAClickOnTheLinkReachTheWindow) {
   auto* about = new frmAbout(app, form->Logic());
   std::string opened;
   about->open_url = [&](const QString& address) { opened = address.toStdString(); };
   about->Form_Load();
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::blue));
-  about->lblWebsite->ShowHover(true);
+  EXPECT_EQ(about->lblWebsite->palette().color(QPalette::Window),
+            about->palette().color(QPalette::Button));
+  QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+  QApplication::sendEvent(about->lblWebsite, &enter);
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::white));
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::Window), QColor(Qt::blue));
-  QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QMouseEvent move(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton,
+                   Qt::NoModifier);
   QApplication::sendEvent(about, &move);
   EXPECT_EQ(about->lblWebsite->palette().color(QPalette::WindowText), QColor(Qt::blue));
   QPointer<frmAbout> alive(about);
-  about->lblWebsite_Click();
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(about->lblWebsite, &press);
   EXPECT_EQ(opened, "https://ferrow.example.org/");
-  QApplication::processEvents();
-  EXPECT_FALSE(alive);  // closed
+  EXPECT_FALSE(about->isVisible());
+  for (int i = 0; i < 5 && alive; ++i) QApplication::processEvents();
+  EXPECT_FALSE(alive);  // closed, then deleted once no handler runs
 }
 
 TEST_F(AboutWindow, EscapeOnOkClosesAndTheButtonsComeBack) {

@@ -7,7 +7,7 @@
 
 #include "display/rtf_escape.h"
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/install_layout.h"
 #include "support/paths.h"
 #include "testing/temp_dir.h"

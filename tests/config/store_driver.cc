@@ -28,7 +28,7 @@
 #include "startup/startup.h"
 #include "support/paths.h"
 #include "config/write_lock.h"
-#include "startup/session.h"
+#include "session/session.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <QToolButton>
 #include <memory>
 
-#include "control/Form1.h"
+#include "qt/Form1.h"
 #include "control/fake_services.h"
 #include "testing/session_fixture.h"
 

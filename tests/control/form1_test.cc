@@ -5,8 +5,8 @@
 
 #include "config/ini_file.h"
 #include "control/form1_fixture.h"
-#include "dialogs/frmInputBox.h"
-#include "display/frmText.h"
+#include "qt/frmInputBox.h"
+#include "qt/frmText.h"
 #include "support/paths.h"
 
 namespace ferrow {
@@ -79,12 +79,12 @@ TEST_F(Form1Test, ClosingAMinimisedControlWindowKeepsItsLastPosition) {
 TEST_F(Form1Test, AnEmptyFilterLeavesTheCurrentOneInForce) {
   options.FilterString = "ERROR";
   form->Logic().Form_Load();
-  QTimer::singleShot(50, [] {
+  env.on_sleep = [] {  // the input box's wait
     if (frmInputBox* box = LoadedInputBox()) {
       box->txtInput->clear();
       box->cmdOK_Click();
     }
-  });
+  };
   form->Logic().cmdFilter_Click();
   EXPECT_EQ(options.FilterString, "ERROR");
   EXPECT_EQ(form->cmdFilter->toolTip().toStdString(), "Filtering on \"ERROR\"");
@@ -95,12 +95,12 @@ TEST_F(Form1Test, NewFilterIsSavedAndShownInTheToolTip) {
   form->Logic().Form_Load();
   Type(log);
   form->Logic().OK_Click();
-  QTimer::singleShot(50, [] {
+  env.on_sleep = [] {  // the input box's wait
     if (frmInputBox* box = LoadedInputBox()) {
       box->txtInput->setText("FATAL WARN");
       box->cmdOK_Click();
     }
-  });
+  };
   form->Logic().cmdFilter_Click();
   EXPECT_EQ(options.FilterString, "FATAL WARN");
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "FilterString"), "FATAL WARN");

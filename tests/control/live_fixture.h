@@ -11,11 +11,11 @@
 #include <map>
 #include <memory>
 
-#include "control/Form1.h"
-#include "control/event_passes.h"
+#include "qt/Form1.h"
+#include "qt/event_passes.h"
 #include "control/fake_services.h"
 #include "control/window_services.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 #include "testing/session_fixture.h"
 
 namespace ferrow::testing {

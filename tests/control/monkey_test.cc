@@ -23,11 +23,11 @@
 #include <random>
 #include <thread>
 
-#include "about/frmAbout.h"
+#include "qt/frmAbout.h"
 #include "config/ini_file.h"
 #include "control/live_fixture.h"
-#include "dialogs/frmInputBox.h"
-#include "dialogs/frmSettings.h"
+#include "qt/frmInputBox.h"
+#include "qt/frmSettings.h"
 #include "testing/processes.h"
 
 namespace ferrow {

@@ -13,8 +13,8 @@
 
 #include "config/ini_file.h"
 #include "control/live_fixture.h"
-#include "dialogs/frmSettings.h"
-#include "display/frmText.h"
+#include "qt/frmSettings.h"
+#include "qt/frmText.h"
 
 namespace ferrow {
 namespace {

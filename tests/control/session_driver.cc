@@ -10,10 +10,10 @@
 #include <fstream>
 #include <iostream>
 
-#include "control/Form1.h"
-#include "control/qt_window_services.h"
-#include "display/frmText.h"
-#include "startup/session.h"
+#include "qt/Form1.h"
+#include "qt/qt_window_services.h"
+#include "qt/frmText.h"
+#include "session/session.h"
 #include "startup/startup.h"
 #include "support/paths.h"
 

@@ -8,7 +8,7 @@
 #include "config/ini_file.h"
 #include "config/settings.h"
 #include "control/form1_fixture.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 
 namespace ferrow {
 namespace {

@@ -1,4 +1,4 @@
-#include "control/sound_player.h"
+#include "qt/sound_player.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #include "config/history.h"
 #include "config/ini_file.h"
 #include "control/form1_fixture.h"
-#include "display/frmText.h"
+#include "qt/frmText.h"
 
 namespace ferrow {
 namespace {

@@ -1,4 +1,7 @@
-#include "dialogs/frmInputBox.h"
+// The input box's window: what InputMsg sets reaches the controls, and the
+// buttons, keys and close box reach the box. What the box decides is tested
+// against a fake window in input_box_logic_test.cc.
+#include "qt/frmInputBox.h"
 
 #include <gtest/gtest.h>
 
@@ -6,117 +9,119 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
 #include <QTimer>
-#include <chrono>
 #include <functional>
-#include <thread>
 
-#include "testing/counting_env.h"
+#include "qt/event_passes.h"
+#include "control/window_gate.h"
+#include "platform/env.h"
 
 namespace ferrow {
 namespace {
 
-// Runs `answer` on the box once InputMsg has shown it.
-void Answer(std::function<void(frmInputBox&)> answer) {
-  QTimer::singleShot(20, [answer] {
-    if (frmInputBox* box = LoadedInputBox()) answer(*box);
-  });
-}
-
-class InputBoxTest : public ::testing::Test {
- protected:
-  testing::CountingEnv env;  // counts the 100 ms sleeps instead of sleeping
+// The real environment with the program's events hook and short sleeps.
+class QuickEnv : public EnvWrapper {
+ public:
+  QuickEnv() : EnvWrapper(Env::Default()) {}
+  void SleepMs(int) override { ++sleeps; }
+  int sleeps = 0;
 };
 
-TEST_F(InputBoxTest, OkReturnsTheTextAndCancelReturnsNothing) {
+class InputBoxWindow : public ::testing::Test {
+ protected:
+  InputBoxWindow() { InstallEventsHook(env, gate); }
+  ~InputBoxWindow() override {
+    Env::Default()->SetEventsHook(nullptr);
+    QApplication::processEvents();
+  }
+  // Runs `answer` on the box once InputMsg has shown it.
+  static void Answer(std::function<void(frmInputBox&)> answer) {
+    QTimer::singleShot(20, [answer] {
+      if (frmInputBox* box = LoadedInputBox()) answer(*box);
+    });
+  }
+  static void Key(QWidget* target, int key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(target, &press);
+  }
+  QuickEnv env;
+  WindowGate gate;
+};
+
+TEST_F(InputBoxWindow, TitlePromptAndStartTextReachTheWindowAndOkReturnsTheText) {
   Answer([](frmInputBox& box) {
+    EXPECT_TRUE(box.isVisible());
     EXPECT_EQ(box.windowTitle().toStdString(), "Title");
     EXPECT_EQ(box.Label1->text().toStdString(), "Prompt");
     EXPECT_EQ(box.txtInput->selectedText().toStdString(), "start");
     box.txtInput->setText("typed");
-    box.cmdOK_Click();
+    box.cmdOK->click();
   });
   EXPECT_EQ(InputMsg(env, "Prompt", "Title", "start"), "typed");
-  Answer([](frmInputBox& box) {
-    box.txtInput->setText("ignored");
-    box.cmdCancel_Click();
-  });
-  EXPECT_EQ(InputMsg(env, "Prompt", "Title", "start"), "");
 }
 
-TEST_F(InputBoxTest, OkWithAnEmptyTextLooksLikeCancel) {
-  Answer([](frmInputBox& box) { box.cmdOK_Click(); });
+TEST_F(InputBoxWindow, CancelButtonReachesTheBox) {
+  Answer([](frmInputBox& box) {
+    box.txtInput->setText("ignored");
+    box.cmdCancel->click();
+  });
   EXPECT_EQ(InputMsg(env, "p", "t"), "");
 }
 
-TEST_F(InputBoxTest, EmptyEditStringAndPasswordCharLeaveTheBoxPlain) {
-  Answer([](frmInputBox& box) {
-    EXPECT_EQ(box.txtInput->text().toStdString(), "");
-    EXPECT_EQ(box.txtInput->echoMode(), QLineEdit::Normal);
-    box.cmdCancel_Click();
-  });
-  InputMsg(env, "p", "t", "", "");
-  Answer([](frmInputBox& box) {
-    EXPECT_EQ(box.txtInput->echoMode(), QLineEdit::Password);
-    box.cmdCancel_Click();
-  });
-  InputMsg(env, "p", "t", "", "*");
-}
-
-TEST_F(InputBoxTest, EnterReturnsAtOnceAndEscapeCancels) {
+TEST_F(InputBoxWindow, EnterAndEscapeInTheTextBoxReachTheBox) {
   Answer([](frmInputBox& box) {
     box.txtInput->setText("entered");
-    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-    QApplication::sendEvent(box.txtInput, &enter);
+    Key(box.txtInput, Qt::Key_Return);
   });
   EXPECT_EQ(InputMsg(env, "p", "t"), "entered");
   Answer([](frmInputBox& box) {
     box.txtInput->setText("dropped");
-    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-    QApplication::sendEvent(box.txtInput, &escape);
+    Key(box.txtInput, Qt::Key_Escape);
   });
   EXPECT_EQ(InputMsg(env, "p", "t"), "");
 }
 
-TEST_F(InputBoxTest, TheCloseBoxEndsTheWaitAsCancel) {
+TEST_F(InputBoxWindow, APasswordCharHidesWhatIsTyped) {
   Answer([](frmInputBox& box) {
+    EXPECT_EQ(box.txtInput->echoMode(), QLineEdit::Password);
+    box.cmdCancel->click();
+  });
+  InputMsg(env, "p", "t", "", "*");
+}
+
+TEST_F(InputBoxWindow, TheCloseBoxEndsTheWaitAsCancelAndTheWindowGoes) {
+  QPointer<frmInputBox> window;
+  Answer([&](frmInputBox& box) {
+    window = &box;
     box.txtInput->setText("x");
     box.close();
   });
   EXPECT_EQ(InputMsg(env, "p", "t"), "");
+  EXPECT_EQ(LoadedInputBox(), nullptr);
+  for (int i = 0; i < 3 && window; ++i) QApplication::processEvents();
+  EXPECT_FALSE(window);
 }
 
-TEST_F(InputBoxTest, WaitSleepsAHundredMillisecondsAPassAndOtherWindowsStayLive) {
-  int ticks = 0;
+TEST_F(InputBoxWindow, TheWaitRunsOtherWindowsEventsAsCountedEventPasses) {
+  int ticks = 0, passes_seen = 0;
   QTimer other;
-  QObject::connect(&other, &QTimer::timeout, [&] { ++ticks; });
-  other.start(1);
-  env.on_sleep = [&] {
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));  // time for the other timer
-    if (env.sleeps == 30)
-      if (frmInputBox* box = LoadedInputBox()) box->cmdCancel_Click();
-  };
-  InputMsg(env, "p", "t");
-  EXPECT_EQ(env.sleeps, 30);
-  EXPECT_EQ(env.slept_ms, 3000);
-  EXPECT_GT(ticks, 0);
-}
-
-TEST_F(InputBoxTest, ASecondCallWhileOneWaitsReusesTheLoadedWindow) {
-  frmInputBox* first = nullptr;
-  std::string inner;
-  QTimer::singleShot(20, [&] {
-    first = LoadedInputBox();
-    QTimer::singleShot(20, [&] {
-      EXPECT_EQ(LoadedInputBox(), first);
-      first->txtInput->setText("inner answer");
-      first->cmdOK_Click();
-    });
-    inner = InputMsg(env, "second", "t");
+  QObject::connect(&other, &QTimer::timeout, [&] {
+    ++ticks;
+    passes_seen = gate.EventPasses();
   });
-  std::string outer = InputMsg(env, "first", "t");
-  EXPECT_EQ(inner, "inner answer");
-  EXPECT_EQ(outer, "inner answer");
+  other.start(1);
+  Answer([&](frmInputBox& box) {
+    if (ticks > 0)
+      box.cmdCancel->click();
+    else
+      Answer([](frmInputBox& again) { again.cmdCancel->click(); });
+  });
+  InputMsg(env, "p", "t");
+  EXPECT_GT(ticks, 0);
+  EXPECT_EQ(passes_seen, 1);
+  EXPECT_GT(env.sleeps, 0);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "display/frmText.h"
+#include "qt/frmText.h"
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 #include <QMouseEvent>
 
 #include "config/ini_file.h"
-#include "display/qt_convert.h"
-#include "display/text_window_filter.h"
+#include "qt/qt_convert.h"
+#include "qt/text_window_filter.h"
 #include "testing/fake_control_window.h"
 #include "testing/session_fixture.h"
 

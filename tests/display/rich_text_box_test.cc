@@ -1,4 +1,4 @@
-#include "display/rich_text_box.h"
+#include "qt/rich_text_box.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "display/append_block.h"
 #include "display/filters.h"
-#include "display/qt_convert.h"
+#include "qt/qt_convert.h"
 #include "display/rich_document.h"
 #include "display/rtf_compose.h"
 #include "display/text_ops.h"

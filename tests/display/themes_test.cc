@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 namespace ferrow {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/paths.h"
 
 namespace ferrow {

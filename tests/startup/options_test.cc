@@ -1,4 +1,4 @@
-#include "startup/options.h"
+#include "session/options.h"
 
 #include <gtest/gtest.h>
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "startup/options.h"
-#include "startup/session.h"
+#include "session/options.h"
+#include "session/session.h"
 #include "support/paths.h"
 #include "testing/counting_env.h"
 #include "testing/recording_ui.h"

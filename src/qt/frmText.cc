@@ -1,4 +1,4 @@
-#include "display/frmText.h"
+#include "qt/frmText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -8,10 +8,10 @@
 #include <QMimeData>
 #include <QScreen>
 
-#include "control/event_passes.h"
-#include "display/qt_convert.h"
-#include "display/text_window_filter.h"
-#include "startup/session.h"
+#include "qt/event_passes.h"
+#include "qt/qt_convert.h"
+#include "qt/text_window_filter.h"
+#include "session/session.h"
 
 namespace ferrow {
 

@@ -1,4 +1,4 @@
-#include "display/qt_convert.h"
+#include "qt/qt_convert.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

@@ -1,4 +1,4 @@
-#include "control/drawn_icons.h"
+#include "qt/drawn_icons.h"
 
 #include <QApplication>
 #include <QPainter>

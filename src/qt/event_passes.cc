@@ -1,4 +1,4 @@
-#include "control/event_passes.h"
+#include "qt/event_passes.h"
 
 #include <QApplication>
 #include <QPointer>

@@ -1,11 +1,11 @@
-#include "control/qt_window_services.h"
+#include "qt/qt_window_services.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
 
 #include "about/product.h"
 #include "control/window_gate.h"
-#include "display/qt_convert.h"
+#include "qt/qt_convert.h"
 #include "support/tokenize.h"
 
 namespace ferrow {

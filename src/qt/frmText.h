@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QWidget>
 
-#include "display/rich_text_box.h"
+#include "qt/rich_text_box.h"
 #include "display/text_view.h"
 #include "display/text_window.h"
 

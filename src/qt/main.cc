@@ -9,11 +9,11 @@
 #include <exception>
 #include <memory>
 
-#include "control/Form1.h"
-#include "control/event_passes.h"
-#include "control/qt_window_services.h"
-#include "startup/options.h"
-#include "startup/session.h"
+#include "qt/Form1.h"
+#include "qt/event_passes.h"
+#include "qt/qt_window_services.h"
+#include "session/options.h"
+#include "session/session.h"
 #include "startup/startup.h"
 
 namespace {

@@ -1,9 +1,9 @@
-#include "display/rich_text_box.h"
+#include "qt/rich_text_box.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
 
-#include "display/qt_convert.h"
+#include "qt/qt_convert.h"
 #include "display/rich_document.h"
 
 namespace ferrow {

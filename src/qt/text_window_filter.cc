@@ -1,10 +1,10 @@
-#include "display/text_window_filter.h"
+#include "qt/text_window_filter.h"
 
 #include <QContextMenuEvent>
 #include <QKeySequence>
 #include <QMouseEvent>
 
-#include "display/rich_text_box.h"
+#include "qt/rich_text_box.h"
 #include "display/text_window_proc.h"
 
 namespace ferrow {

@@ -7,7 +7,7 @@
 #include "about/helper_library.h"
 #include "control/window_gate.h"
 #include "platform/env.h"
-#include "startup/options.h"
+#include "session/options.h"
 #include "support/ui.h"
 
 namespace ferrow {

@@ -8,14 +8,14 @@
 #include <QTimer>
 #include <QToolButton>
 
-#include "about/frmAbout.h"
-#include "control/Form1.h"
-#include "control/sound_player.h"
-#include "dialogs/frmInputBox.h"
-#include "dialogs/frmSettings.h"
-#include "display/frmText.h"
-#include "display/qt_convert.h"
-#include "startup/session.h"
+#include "qt/frmAbout.h"
+#include "qt/Form1.h"
+#include "qt/sound_player.h"
+#include "qt/frmInputBox.h"
+#include "qt/frmSettings.h"
+#include "qt/frmText.h"
+#include "qt/qt_convert.h"
+#include "session/session.h"
 
 namespace ferrow {
 void Form1::SetCaption(const std::string& caption) { setWindowTitle(ToQt(caption)); }

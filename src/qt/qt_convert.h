@@ -6,7 +6,7 @@
 #include <QString>
 #include <string>
 
-#include "startup/options.h"
+#include "session/options.h"
 
 class QWidget;
 

@@ -1,4 +1,4 @@
-#include "control/Form1.h"
+#include "qt/Form1.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -14,15 +14,15 @@
 #include <QTimer>
 #include <QToolButton>
 
-#include "about/frmAbout.h"
-#include "control/drawn_icons.h"
-#include "control/event_passes.h"
-#include "control/sound_player.h"
-#include "dialogs/frmInputBox.h"
-#include "dialogs/frmSettings.h"
-#include "display/frmText.h"
-#include "display/qt_convert.h"
-#include "startup/session.h"
+#include "qt/frmAbout.h"
+#include "qt/drawn_icons.h"
+#include "qt/event_passes.h"
+#include "qt/sound_player.h"
+#include "qt/frmInputBox.h"
+#include "qt/frmSettings.h"
+#include "qt/frmText.h"
+#include "qt/qt_convert.h"
+#include "session/session.h"
 
 namespace ferrow {
 namespace {

@@ -1,0 +1,11 @@
+// The key codes the dialogs act on, as the window system numbers them; each
+// toolkit's view turns its own key events into these.
+#pragma once
+
+namespace ferrow {
+
+inline constexpr int kKeyLineFeed = 10;
+inline constexpr int kKeyReturn = 13;
+inline constexpr int kKeyEscape = 27;
+
+}  // namespace ferrow
