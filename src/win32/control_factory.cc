@@ -5,6 +5,8 @@
 #include "session/session.h"
 #include "win32/control_ids.h"
 #include "win32/control_window_view.h"
+#include "win32/about_view.h"
+#include "win32/settings_view.h"
 #include "win32/text_window_view.h"
 
 namespace ferrow::win32 {
@@ -31,16 +33,16 @@ TextWindowPort* Win32ControlWindow::NewTextWindow(ControlWindowPort& control) {
   return &(new Win32TextWindow(session_, control))->Port();
 }
 
-void Win32ControlWindow::OpenSettings(MenuPort& menu) { (void)menu; }
+// Each window deletes itself once closed.
+void Win32ControlWindow::OpenSettings(MenuPort& menu) {
+  (new Win32SettingsDialog(session_, menu, services_))->Logic().Form_Load();
+}
 
-void Win32ControlWindow::OpenAbout(MenuPort& menu) { (void)menu; }
+void Win32ControlWindow::OpenAbout(MenuPort& menu) { (new Win32AboutWindow(session_, menu))->Logic().Form_Load(); }
 
 std::string Win32ControlWindow::InputMsg(const std::string& prompt, const std::string& title,
                                          const std::string& edit_string) {
-  (void)prompt;
-  (void)title;
-  (void)edit_string;
-  return "";
+  return ferrow::InputMsg(session_.env, input_box_, prompt, title, edit_string);
 }
 
 void Win32ControlWindow::UnloadOtherWindows() {

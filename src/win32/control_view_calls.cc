@@ -1,12 +1,12 @@
 // What the control window shows: caption, place, controls, the history list,
 // the timer and the sound.
 #include <windows.h>
-#include <commctrl.h>
 
 #include "win32/ansi_text.h"
 #include "win32/control_ids.h"
 #include "win32/control_window_view.h"
 #include "win32/sound.h"
+#include "win32/tool_tips.h"
 #include "win32/twips.h"
 
 namespace ferrow::win32 {
@@ -89,13 +89,7 @@ void Win32ControlWindow::SetEnabled(Control control, bool enabled) {
 bool Win32ControlWindow::Enabled(Control control) { return IsWindowEnabled(ControlHandle(control)) != FALSE; }
 
 void Win32ControlWindow::SetToolTip(Control control, const std::string& tip) {
-  TOOLINFOA tool{};
-  tool.cbSize = sizeof(tool);
-  tool.hwnd = hwnd_;
-  tool.uId = reinterpret_cast<UINT_PTR>(ControlHandle(control));
-  std::string text = ToAnsi(tip);
-  tool.lpszText = text.data();
-  SendMessageA(tool_tips_, TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
+  tool_tips_->Set(ControlHandle(control), tip);
 }
 
 // BST_UNCHECKED, BST_CHECKED and BST_INDETERMINATE are 0, 1 and 2.

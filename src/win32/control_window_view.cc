@@ -7,8 +7,10 @@
 #include "win32/ansi_text.h"
 #include "win32/control_ids.h"
 #include "win32/dropped_files.h"
+#include "win32/input_box_view.h"
 #include "win32/message_loop.h"
 #include "win32/pause_pictures.h"
+#include "win32/tool_tips.h"
 #include "win32/twips.h"
 
 namespace ferrow::win32 {
@@ -55,7 +57,12 @@ HFONT MessageFont() {
 }  // namespace
 
 Win32ControlWindow::Win32ControlWindow(Session& session, WindowServices& services)
-    : session_(session), services_(services), logic_(session, *this, *this, services) {
+    : session_(session),
+      services_(services),
+      input_box_([this](const std::shared_ptr<InputBox>& box) -> InputView& {
+        return (new Win32InputBox(session_.gate, box))->View();
+      }),
+      logic_(session, *this, *this, services) {
   INITCOMMONCONTROLSEX common{sizeof(common), ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&common);
   RegisterClassOnce(&WindowProc);
@@ -103,17 +110,6 @@ HWND Win32ControlWindow::MakeControl(Control control, const char* window_class, 
   return child;
 }
 
-void Win32ControlWindow::AddToolTip(HWND control, const std::string& tip) {
-  TOOLINFOA tool{};
-  tool.cbSize = sizeof(tool);
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = hwnd_;
-  tool.uId = reinterpret_cast<UINT_PTR>(control);
-  std::string text = ToAnsi(tip);
-  tool.lpszText = text.data();
-  SendMessageA(tool_tips_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
 void Win32ControlWindow::BuildControls() {
   font_ = MessageFont();
   const DWORD tab = WS_VISIBLE | WS_TABSTOP;
@@ -149,10 +145,7 @@ void Win32ControlWindow::BuildControls() {
                       reinterpret_cast<DWORD_PTR>(this));
   }
 
-  tool_tips_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd_, nullptr,
-                               GetModuleHandleA(nullptr), nullptr);
-  SendMessageA(tool_tips_, TTM_SETMAXTIPWIDTH, 0, Scaled(420));
+  tool_tips_ = std::make_unique<ToolTips>(hwnd_, Scaled(420));
   const struct { Control control; const char* tip; } tips[] = {
       {Control::cmbFileName, "Type or pick the file to follow, or drop one here (SHIFT+DEL removes it from the list)"},
       {Control::cmdOK, "Open the file and follow it"},
@@ -167,7 +160,7 @@ void Win32ControlWindow::BuildControls() {
       {Control::chkMinimise, "Minimise this window once the file is opened"},
       {Control::chkPlaySound, "Play a sound each time the file grows"},
       {Control::lblDragDropTip, "Click for another tip"}};
-  for (const auto& t : tips) AddToolTip(ControlHandle(t.control), t.tip);
+  for (const auto& t : tips) tool_tips_->Add(ControlHandle(t.control), t.tip);
 }
 
 // One object per window, bound when the window is made.

@@ -8,12 +8,14 @@
 
 #include <windows.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "control/control_view.h"
 #include "control/control_window.h"
 #include "control/window_factory.h"
+#include "dialogs/input_box.h"
 
 namespace ferrow {
 class WindowServices;
@@ -21,6 +23,8 @@ struct Session;
 }  // namespace ferrow
 
 namespace ferrow::win32 {
+
+class ToolTips;
 
 class Win32ControlWindow : public ControlView, public WindowFactory {
  public:
@@ -85,14 +89,13 @@ class Win32ControlWindow : public ControlView, public WindowFactory {
   void BuildControls();
   HWND MakeControl(Control control, const char* window_class, const char* text, DWORD style,
                    int x, int y, int width, int height);
-  void AddToolTip(HWND control, const std::string& tip);
   int Scaled(int pixels) const;
 
   Session& session_;
   WindowServices& services_;
   HWND hwnd_ = nullptr;
   HWND controls_[14] = {};
-  HWND tool_tips_ = nullptr;
+  std::unique_ptr<ToolTips> tool_tips_;
   HFONT font_ = nullptr;
   HICON stop_picture_ = nullptr, go_picture_ = nullptr;
   int dpi_ = 96;
@@ -100,6 +103,7 @@ class Win32ControlWindow : public ControlView, public WindowFactory {
   bool timer_enabled_ = false;
   bool quiet_ = false;  // the box's text is being set by the program
   bool closed_ = false;
+  InputBoxSlot input_box_;
   ControlWindow logic_;
 };
 

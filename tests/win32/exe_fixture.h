@@ -5,11 +5,15 @@
 
 #include <windows.h>
 
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "testing/temp_dir.h"
+#include "win32/control_ids.h"
 
 namespace ferrow::win32 {
 
@@ -57,6 +61,32 @@ class FerrowProcess {
   testing::TempDir dir_;
   PROCESS_INFORMATION process_{};
   LARGE_INTEGER started_{};
+};
+
+// The program started by a test on `log`, in the program's own folder.
+class FerrowExeTest : public ::testing::Test {
+ protected:
+  FerrowExeTest() : log(ferrow.dir().File("app.log")) {}
+  // The title once it shows `size` bytes; the file's size now by default.
+  bool TitleShows(int64_t size = -1) {
+    if (size < 0) size = static_cast<int64_t>(testing::ReadBytes(log).size());
+    return !!ferrow.Window("FerrowTextWindow", "(" + std::to_string(size) + " bytes) [");
+  }
+  // The line count in the title; the initial load's last line break ends
+  // the text, so its last line is not counted.
+  int TitleLines() {
+    const std::string title = TextOf(ferrow.TextWindow());
+    const size_t open = title.rfind('[');
+    return open == std::string::npos ? -1 : std::atoi(title.c_str() + open + 1);
+  }
+  HWND Button(int id) { return GetDlgItem(ferrow.ControlWindow(), id); }
+  // Once the file is open and the buttons are enabled.
+  bool Ready() {
+    return WaitUntil([&] { return IsWindowEnabled(Button(kIdPause)) && IsWindowEnabled(Button(kIdOptions)); });
+  }
+
+  FerrowProcess ferrow;
+  std::string log;
 };
 
 }  // namespace ferrow::win32

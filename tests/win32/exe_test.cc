@@ -44,26 +44,7 @@ std::string ClipboardText() {
   return text;
 }
 
-class FerrowExe : public ::testing::Test {
- protected:
-  FerrowExe() : log(ferrow.dir().File("app.log")) {}
-  // The title once it shows `size` bytes; the file's size now by default.
-  bool TitleShows(int64_t size = -1) {
-    if (size < 0) size = static_cast<int64_t>(ReadBytes(log).size());
-    return !!ferrow.Window("FerrowTextWindow", "(" + std::to_string(size) + " bytes) [");
-  }
-  // The line count in the title; the initial load's last line break ends
-  // the text, so its last line is not counted.
-  int TitleLines() {
-    const std::string title = TextOf(ferrow.TextWindow());
-    const size_t open = title.rfind('[');
-    return open == std::string::npos ? -1 : std::atoi(title.c_str() + open + 1);
-  }
-  HWND Button(int id) { return GetDlgItem(ferrow.ControlWindow(), id); }
-
-  FerrowProcess ferrow;
-  std::string log;
-};
+using FerrowExe = FerrowExeTest;
 
 TEST_F(FerrowExe, FollowsAGrowingFileInTitleAndText) {
   WriteBytes(log, Lines(1, 3));

@@ -1,0 +1,155 @@
+#include "win32/dialog_window.h"
+
+#include <commctrl.h>
+
+#include <set>
+
+#include "win32/ansi_text.h"
+#include "win32/event_passes.h"
+#include "win32/message_loop.h"
+#include "win32/twips.h"
+
+namespace ferrow::win32 {
+namespace {
+
+void RegisterOnce(const char* class_name, WNDPROC proc) {
+  static std::set<std::string> registered;
+  if (!registered.insert(class_name).second) return;
+  WNDCLASSEXA window_class{};
+  window_class.cbSize = sizeof(window_class);
+  window_class.lpfnWndProc = proc;
+  window_class.hInstance = GetModuleHandleA(nullptr);
+  window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  window_class.hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
+  window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  window_class.lpszClassName = class_name;
+  RegisterClassExA(&window_class);
+}
+
+}  // namespace
+
+DialogWindow::DialogWindow(WindowGate& gate, const char* class_name, int width, int height)
+    : gate_(gate), dpi_(ScreenDpi()) {
+  RegisterOnce(class_name, &WindowProc);
+  NONCLIENTMETRICSA metrics{};
+  metrics.cbSize = sizeof(metrics);
+  if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0))
+    font_ = CreateFontIndirectA(&metrics.lfMessageFont);
+  const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU;
+  RECT frame{0, 0, Scaled(width), Scaled(height)};
+  AdjustWindowRectEx(&frame, style, FALSE, WS_EX_DLGMODALFRAME);
+  CreateWindowExA(WS_EX_DLGMODALFRAME, class_name, "", style, CW_USEDEFAULT, CW_USEDEFAULT,
+                  frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr,
+                  GetModuleHandleA(nullptr), this);
+  AddDialogWindow(hwnd_);
+}
+
+DialogWindow::~DialogWindow() {
+  RemoveDialogWindow(hwnd_);
+  if (IsWindow(hwnd_)) {
+    SetWindowLongPtrA(hwnd_, GWLP_USERDATA, 0);
+    DestroyWindow(hwnd_);
+  }
+  if (font_) DeleteObject(font_);
+}
+
+int DialogWindow::Scaled(int pixels) const { return MulDiv(pixels, dpi_, 96); }
+
+HWND DialogWindow::Add(int id, const char* window_class, const std::string& text, DWORD style, int x,
+                       int y, int width, int height) {
+  HWND control = CreateWindowExA(0, window_class, ToAnsi(text).c_str(), WS_CHILD | WS_VISIBLE | style,
+                                 Scaled(x), Scaled(y), Scaled(width), Scaled(height), hwnd_,
+                                 reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                 GetModuleHandleA(nullptr), nullptr);
+  SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+  SetWindowSubclass(control, &ChildProc, static_cast<UINT_PTR>(id), reinterpret_cast<DWORD_PTR>(this));
+  return control;
+}
+
+void DialogWindow::SetWindowCaption(const std::string& caption) { SetWindowTextA(hwnd_, ToAnsi(caption).c_str()); }
+
+std::string DialogWindow::TextOf(HWND control) {
+  std::string text(static_cast<size_t>(GetWindowTextLengthA(control)) + 1, '\0');
+  text.resize(static_cast<size_t>(GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
+  return FromAnsi(text);
+}
+
+void DialogWindow::Centre() {
+  RECT work{}, r{};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+  GetWindowRect(hwnd_, &r);
+  SetWindowPos(hwnd_, nullptr, work.left + ((work.right - work.left) - (r.right - r.left)) / 2,
+               work.top + ((work.bottom - work.top) - (r.bottom - r.top)) / 2, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void DialogWindow::ShowWithFocus(int id) {
+  ShowWindow(hwnd_, SW_SHOWNORMAL);
+  SetForegroundWindow(hwnd_);
+  if (HWND control = Item(id)) SetFocus(control);
+}
+
+void DialogWindow::Dispose() {
+  if (disposed_) return;
+  disposed_ = true;
+  ShowWindow(hwnd_, SW_HIDE);
+  DeleteWindowLater(gate_, [this] { delete this; });
+}
+
+bool DialogWindow::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
+
+LRESULT CALLBACK DialogWindow::WindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<DialogWindow*>(reinterpret_cast<CREATESTRUCTA*>(lparam)->lpCreateParams);
+    self->hwnd_ = hwnd;
+    SetWindowLongPtrA(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<DialogWindow*>(GetWindowLongPtrA(hwnd, GWLP_USERDATA));
+  if (!self) return DefWindowProcA(hwnd, message, wparam, lparam);
+  LRESULT result = 0;
+  switch (message) {
+    case WM_COMMAND:
+      if (!self->disposed_ && lparam) self->OnCommand(LOWORD(wparam), HIWORD(wparam));
+      return 0;
+    case WM_CLOSE:
+      if (!self->disposed_) self->OnClose();
+      return 0;
+    default:
+      if (self->OnMessage(message, wparam, lparam, result)) return result;
+      return DefWindowProcA(hwnd, message, wparam, lparam);
+  }
+}
+
+// Enter and Escape are the window's keys, not the dialog navigation's.
+LRESULT CALLBACK DialogWindow::ChildProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam,
+                                         UINT_PTR id, DWORD_PTR self_pointer) {
+  auto* self = reinterpret_cast<DialogWindow*>(self_pointer);
+  switch (message) {
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(hwnd, &ChildProc, id);
+      break;
+    case WM_GETDLGCODE: {
+      const auto* key = reinterpret_cast<const MSG*>(lparam);
+      const LRESULT code = DefSubclassProc(hwnd, message, wparam, lparam);
+      if (key && key->message == WM_KEYDOWN && (key->wParam == VK_RETURN || key->wParam == VK_ESCAPE))
+        return code | DLGC_WANTMESSAGE;
+      return code;
+    }
+    case WM_KEYDOWN: {
+      const int key = wparam == VK_RETURN && GetKeyState(VK_CONTROL) < 0 ? 10 : static_cast<int>(wparam);
+      if (!self->disposed_ && self->OnKey(static_cast<int>(id), key)) return 0;
+      break;
+    }
+    case WM_MOUSEMOVE:
+      if (!self->disposed_) self->OnMouseOver(static_cast<int>(id));
+      break;
+    case WM_CHAR:
+      if (wparam == '\r' || wparam == '\n' || wparam == 27) return 0;  // taken as keys
+      break;
+    default:
+      break;
+  }
+  return DefSubclassProc(hwnd, message, wparam, lparam);
+}
+
+}  // namespace ferrow::win32
