@@ -8,23 +8,14 @@
 #include "win32/sound.h"
 #include "win32/tool_tips.h"
 #include "win32/twips.h"
+#include "win32/window_basics.h"
 
 namespace ferrow::win32 {
-namespace {
-
-std::string WindowText(HWND hwnd) {
-  std::string text(static_cast<size_t>(GetWindowTextLengthA(hwnd)) + 1, '\0');
-  text.resize(static_cast<size_t>(GetWindowTextA(hwnd, text.data(), static_cast<int>(text.size()))));
-  return FromAnsi(text);
-}
-
-}  // namespace
-
 void Win32ControlWindow::SetCaption(const std::string& caption) {
   SetWindowTextA(hwnd_, ToAnsi(caption).c_str());
 }
 
-std::string Win32ControlWindow::Caption() { return WindowText(hwnd_); }
+std::string Win32ControlWindow::Caption() { return WindowTextOf(hwnd_); }
 
 void Win32ControlWindow::Repaint() {
   RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -61,14 +52,7 @@ void Win32ControlWindow::BringToFront() {
   SetForegroundWindow(hwnd_);
 }
 
-void Win32ControlWindow::CentreOnScreen() {
-  RECT work{}, r{};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-  GetWindowRect(hwnd_, &r);
-  const int x = work.left + ((work.right - work.left) - (r.right - r.left)) / 2;
-  const int y = work.top + ((work.bottom - work.top) - (r.bottom - r.top)) / 2;
-  SetWindowPos(hwnd_, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
+void Win32ControlWindow::CentreOnScreen() { CentreOnWorkArea(hwnd_); }
 
 // With n entries: remove n-2, then n-5, then n-4, each in the menu as it
 // then stands (the separator, Size and Maximize of the standard seven).
@@ -101,7 +85,7 @@ void Win32ControlWindow::SetValue(Control control, int value) {
   SendMessageA(ControlHandle(control), BM_SETCHECK, static_cast<WPARAM>(value), 0);
 }
 
-std::string Win32ControlWindow::Text(Control control) { return WindowText(ControlHandle(control)); }
+std::string Win32ControlWindow::Text(Control control) { return WindowTextOf(ControlHandle(control)); }
 
 // The box's change event runs once for the program's own change, as the
 // plain field's EN_CHANGE does.

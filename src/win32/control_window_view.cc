@@ -12,6 +12,7 @@
 #include "win32/pause_pictures.h"
 #include "win32/tool_tips.h"
 #include "win32/twips.h"
+#include "win32/window_basics.h"
 
 namespace ferrow::win32 {
 namespace {
@@ -30,30 +31,6 @@ int ShiftState() {
          (GetKeyState(VK_MENU) < 0 ? 4 : 0);
 }
 
-void RegisterClassOnce(WNDPROC proc) {
-  static bool registered = [proc] {
-    WNDCLASSEXA window_class{};
-    window_class.cbSize = sizeof(window_class);
-    window_class.style = CS_DBLCLKS;
-    window_class.lpfnWndProc = proc;
-    window_class.hInstance = GetModuleHandleA(nullptr);
-    window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    window_class.hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
-    window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-    window_class.lpszClassName = kControlWindowClass;
-    return RegisterClassExA(&window_class) != 0;
-  }();
-  (void)registered;
-}
-
-HFONT MessageFont() {
-  NONCLIENTMETRICSA metrics{};
-  metrics.cbSize = sizeof(metrics);
-  if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0))
-    if (HFONT font = CreateFontIndirectA(&metrics.lfMessageFont)) return font;
-  return nullptr;
-}
-
 }  // namespace
 
 Win32ControlWindow::Win32ControlWindow(Session& session, WindowServices& services)
@@ -65,7 +42,7 @@ Win32ControlWindow::Win32ControlWindow(Session& session, WindowServices& service
       logic_(session, *this, *this, services) {
   INITCOMMONCONTROLSEX common{sizeof(common), ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&common);
-  RegisterClassOnce(&WindowProc);
+  RegisterWindowClass(kControlWindowClass, &WindowProc, COLOR_BTNFACE, CS_DBLCLKS);
   dpi_ = ScreenDpi();
   // Fixed size: no maximise box and no sizing border.
   const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
@@ -111,7 +88,7 @@ HWND Win32ControlWindow::MakeControl(Control control, const char* window_class, 
 }
 
 void Win32ControlWindow::BuildControls() {
-  font_ = MessageFont();
+  font_ = MakeMessageFont();
   const DWORD tab = WS_VISIBLE | WS_TABSTOP;
   MakeControl(Control::cmbFileName, WC_COMBOBOXA, "", tab | CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL,
               8, 9, 380, 240);

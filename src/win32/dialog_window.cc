@@ -2,39 +2,17 @@
 
 #include <commctrl.h>
 
-#include <set>
-
 #include "win32/ansi_text.h"
 #include "win32/event_passes.h"
 #include "win32/message_loop.h"
 #include "win32/twips.h"
+#include "win32/window_basics.h"
 
 namespace ferrow::win32 {
-namespace {
-
-void RegisterOnce(const char* class_name, WNDPROC proc) {
-  static std::set<std::string> registered;
-  if (!registered.insert(class_name).second) return;
-  WNDCLASSEXA window_class{};
-  window_class.cbSize = sizeof(window_class);
-  window_class.lpfnWndProc = proc;
-  window_class.hInstance = GetModuleHandleA(nullptr);
-  window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
-  window_class.hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
-  window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  window_class.lpszClassName = class_name;
-  RegisterClassExA(&window_class);
-}
-
-}  // namespace
-
 DialogWindow::DialogWindow(WindowGate& gate, const char* class_name, int width, int height)
     : gate_(gate), dpi_(ScreenDpi()) {
-  RegisterOnce(class_name, &WindowProc);
-  NONCLIENTMETRICSA metrics{};
-  metrics.cbSize = sizeof(metrics);
-  if (SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0))
-    font_ = CreateFontIndirectA(&metrics.lfMessageFont);
+  RegisterWindowClass(class_name, &WindowProc, COLOR_BTNFACE);
+  font_ = MakeMessageFont();
   const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU;
   RECT frame{0, 0, Scaled(width), Scaled(height)};
   AdjustWindowRectEx(&frame, style, FALSE, WS_EX_DLGMODALFRAME);
@@ -68,20 +46,9 @@ HWND DialogWindow::Add(int id, const char* window_class, const std::string& text
 
 void DialogWindow::SetWindowCaption(const std::string& caption) { SetWindowTextA(hwnd_, ToAnsi(caption).c_str()); }
 
-std::string DialogWindow::TextOf(HWND control) {
-  std::string text(static_cast<size_t>(GetWindowTextLengthA(control)) + 1, '\0');
-  text.resize(static_cast<size_t>(GetWindowTextA(control, text.data(), static_cast<int>(text.size()))));
-  return FromAnsi(text);
-}
+std::string DialogWindow::TextOf(HWND control) { return WindowTextOf(control); }
 
-void DialogWindow::Centre() {
-  RECT work{}, r{};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-  GetWindowRect(hwnd_, &r);
-  SetWindowPos(hwnd_, nullptr, work.left + ((work.right - work.left) - (r.right - r.left)) / 2,
-               work.top + ((work.bottom - work.top) - (r.bottom - r.top)) / 2, 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
+void DialogWindow::Centre() { CentreOnWorkArea(hwnd_); }
 
 void DialogWindow::ShowWithFocus(int id) {
   ShowWindow(hwnd_, SW_SHOWNORMAL);

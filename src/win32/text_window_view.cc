@@ -11,26 +11,12 @@
 #include "win32/dropped_files.h"
 #include "win32/event_passes.h"
 #include "win32/twips.h"
+#include "win32/window_basics.h"
 
 namespace ferrow::win32 {
 namespace {
 
 constexpr int kBoxId = 1;
-
-void RegisterClassOnce(WNDPROC proc) {
-  static bool registered = [proc] {
-    WNDCLASSEXA window_class{};
-    window_class.cbSize = sizeof(window_class);
-    window_class.lpfnWndProc = proc;
-    window_class.hInstance = GetModuleHandleA(nullptr);
-    window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
-    window_class.hIcon = LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1));
-    window_class.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    window_class.lpszClassName = kTextWindowClass;
-    return RegisterClassExA(&window_class) != 0;
-  }();
-  (void)registered;
-}
 
 TwipsRect Twips(const RECT& r) {
   return {PixelsToTwips(r.left), PixelsToTwips(r.top), PixelsToTwips(r.right - r.left),
@@ -41,7 +27,7 @@ TwipsRect Twips(const RECT& r) {
 
 Win32TextWindow::Win32TextWindow(Session& session, ControlWindowPort& control)
     : session_(session), logic_(session, control, *this) {
-  RegisterClassOnce(&WindowProc);
+  RegisterWindowClass(kTextWindowClass, &WindowProc, COLOR_WINDOW);
   hwnd_ = CreateWindowExA(WS_EX_ACCEPTFILES, kTextWindowClass, "", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
                           CW_USEDEFAULT, 640, 240, nullptr, nullptr, GetModuleHandleA(nullptr), this);
   box_ = std::make_unique<RichEditBox>(hwnd_, kBoxId);
@@ -160,11 +146,7 @@ void Win32TextWindow::SetCaption(const std::string& caption) {
   SetWindowTextA(hwnd_, ToAnsi(caption).c_str());
 }
 
-std::string Win32TextWindow::Caption() {
-  std::vector<char> text(static_cast<size_t>(GetWindowTextLengthA(hwnd_)) + 1, '\0');
-  GetWindowTextA(hwnd_, text.data(), static_cast<int>(text.size()));
-  return FromAnsi(text.data());
-}
+std::string Win32TextWindow::Caption() { return WindowTextOf(hwnd_); }
 
 void Win32TextWindow::Flash() { FlashWindow(hwnd_, TRUE); }
 
