@@ -167,6 +167,9 @@ LRESULT Win32ControlWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam
     case WM_CLOSE:
       Closing();
       return 0;
+    case WM_ENDSESSION:  // the user logs off: settings and history are saved as on close
+      if (wparam) Closing();
+      return 0;
     default:
       return DefWindowProcA(hwnd_, message, wparam, lparam);
   }

@@ -139,6 +139,20 @@ TEST_F(FerrowExe, PauseStopsTheUpdatesAndResumeShowsWhatCameMeanwhile) {
       << TextOf(ferrow.TextBox());
 }
 
+TEST_F(FerrowExe, ClosingDuringTheStartDelayEndsTheProcessAtOnce) {
+  WriteBytes(log, Lines(1, 2));
+  ASSERT_TRUE(ferrow.Start("/WAIT=30 \"" + log + "\""));
+  HWND control = ferrow.Window("FerrowControlWindow", "Waiting 30 seconds");
+  ASSERT_TRUE(control);
+  const double asked = ferrow.Elapsed();
+  PostMessageA(control, WM_CLOSE, 0, 0);
+  ASSERT_TRUE(ferrow.Ended(10000));
+  EXPECT_LT(ferrow.Elapsed() - asked, 5000);
+  const std::string ini = Upper(ReadBytes(ferrow.IniPath()));
+  EXPECT_NE(ini.find("[COMMON]"), std::string::npos) << ini;
+  EXPECT_EQ(ini.find("[APP.LOG]"), std::string::npos) << "the file was never opened: " << ini;
+}
+
 // The whole first megabyte-long tail, from the start of the process to the
 // window showing it; the time goes to the test's output.
 TEST_F(FerrowExe, TheInitialLoadOfAOneMegabyteTailIsShownPromptly) {
