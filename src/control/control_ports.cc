@@ -25,7 +25,12 @@ bool ControlWindow::AskYesNo(const std::string& text, const std::string& title, 
 
 void ControlWindow::SetFileNameBox(const std::string& name) { view_.SetText(Control::cmbFileName, name); }
 
-void ControlWindow::StopTimer() { view_.SetTimerEnabled(false); }
+// The text window was closed: following stops, and the pause button and the
+// caption say so, so that the user sees how to resume.
+void ControlWindow::StopTimer() {
+  view_.SetTimerEnabled(false);
+  if (!program_closing_) follower_.CheckPauseCaption();
+}
 
 void ControlWindow::ShowNormalAndActivate() {
   if (session_.gate.Closing()) return;  // nothing comes back once the program is closing

@@ -323,6 +323,21 @@ TEST_F(ControlWindowTest, OpenRestartAndUnloadAskedForDuringAnOpenNeverRunInside
   EXPECT_EQ(view.brought_to_front, 0) << "nothing comes back once closing";
 }
 
+TEST_F(ControlWindowTest, ClosingTheTextWindowPausesFollowingAndSaysSo) {
+  const std::string log = MakeLog("web.log", "x\r\n");
+  menu.Form_Load();
+  Type(log);
+  menu.OK_Click();
+  ASSERT_EQ(view.caption, "Ferrow Menu - web.log");
+  menu.StopTimer();  // what the text window's unload asks
+  EXPECT_FALSE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu (Paused) - web.log");
+  EXPECT_FALSE(view.following);
+  menu.cmdPause_Click();
+  EXPECT_TRUE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu - web.log");
+}
+
 TEST_F(ControlWindowTest, ClosingTheTextWindowDuringTheLoadStopsTheLoad) {
   std::string text;
   for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
