@@ -3,40 +3,49 @@
 #include <utility>
 
 namespace ferrow {
+namespace {
+
+// Marks `kind` as running for the life of the scope, also when the work
+// throws (exceptions end at the event loop's edge; the gate must not stay shut).
+class RunningScope {
+ public:
+  RunningScope(WindowGate::Work& running, WindowGate::Work kind) : running_(running) { running_ = kind; }
+  ~RunningScope() { running_ = WindowGate::Work::kNone; }
+  RunningScope(const RunningScope&) = delete;
+  RunningScope& operator=(const RunningScope&) = delete;
+
+ private:
+  WindowGate::Work& running_;
+};
+
+}  // namespace
 
 bool WindowGate::Run(Work kind, const std::function<void()>& work) {
   if (Busy() || closing_) return false;
-  running_ = kind;
   try {
+    RunningScope scope(running_, kind);
     work();
   } catch (...) {
-    Finish();
+    RunPendingUnload();  // an unload asked for meanwhile still happens
     throw;
   }
-  Finish();
+  RunPendingUnload();
   return true;
 }
 
-void WindowGate::Finish() {
-  running_ = Work::kNone;
+void WindowGate::RunPendingUnload() {
   if (!pending_unload_) return;
   auto unload = std::move(pending_unload_);
   pending_unload_ = nullptr;
-  running_ = Work::kUnload;
+  RunningScope scope(running_, Work::kUnload);
   unload();
-  running_ = Work::kNone;
 }
 
 void WindowGate::RequestUnload(std::function<void()> unload) {
   if (closing_) return;
   closing_ = true;
-  if (Busy()) {
-    pending_unload_ = std::move(unload);
-    return;
-  }
-  running_ = Work::kUnload;
-  unload();
-  running_ = Work::kNone;
+  pending_unload_ = std::move(unload);
+  if (!Busy()) RunPendingUnload();
 }
 
 bool WindowGate::DestroyPending() {

@@ -50,7 +50,7 @@ class WindowGate {
   std::weak_ptr<const int> Life() const { return life_; }
 
  private:
-  void Finish();
+  void RunPendingUnload();
 
   Work running_ = Work::kNone;
   bool closing_ = false;
