@@ -68,29 +68,50 @@ void ControlWindow::Timer1_Timer() {
   if (!session_.gate.Closing()) follower_.Timer1_Timer();
 }
 
+bool ControlWindow::MayAskTheUser() const {
+  const WindowGate& gate = session_.gate;
+  return !gate.Closing() && !gate.Busy() && !asking_filter_;
+}
+
 void ControlWindow::cmdBrowse_Click() {
+  if (!MayAskTheUser()) return;
   view_.SetTimerEnabled(false);
   Options& o = session_.options;
   const std::string chosen = services_.OpenFileName(
       "Select Log File", "Log Files|*.log|CSV Files|*.csv|Text Files|*.txt|All Files (*.*)|*.*|",
       o.BrowseStartDir);
-  if (chosen.empty()) return;
+  if (chosen.empty() || session_.gate.Closing()) return;
   FileOpened = false;
   view_.SetText(Control::cmbFileName, chosen);
   o.FileName = chosen;
   o.BrowseStartDir = FolderPart(chosen);
 }
 
+// While the input box waits, the Filter button is off: a second click would
+// nest a second wait. It comes back with the other buttons (an open or a
+// dialog that began meanwhile may have taken them away).
 void ControlWindow::cmdFilter_Click() {
+  if (!MayAskTheUser()) return;
   Options& o = session_.options;
+  asking_filter_ = true;
+  view_.SetEnabled(Control::cmdFilter, false);
   const std::string answer = windows_.InputMsg("Enter filter words to highlight - separated by spaces",
                                                "Text Highlighting Filter", o.FilterString);
+  asking_filter_ = false;
   if (session_.gate.Closing()) return;
+  view_.SetEnabled(Control::cmdFilter, view_.Enabled(Control::cmdBrowse));
   if (answer.empty() || answer == o.FilterString) return;
+  // The save and the restart let events run: one operation of the gate.
+  session_.gate.Run(WindowGate::Work::kRestart, [&] { ApplyNewFilter(answer); });
+}
+
+void ControlWindow::ApplyNewFilter(const std::string& answer) {
+  Options& o = session_.options;
   o.FilterString = answer;
   RebuildFilterWords(o);
   SaveFileSettings(session_, o.FileSection);
-  follower_.FerrowRestart();
+  if (session_.gate.Closing()) return;
+  follower_.RestartFollowing();
   RefreshFilterToolTip();
 }
 
@@ -98,13 +119,16 @@ void ControlWindow::RefreshFilterToolTip() {
   view_.SetToolTip(Control::cmdFilter, FilterToolTip(session_.options));
 }
 
+// Nothing opens once the program closes.
 void ControlWindow::cmdOptions_Click() {
+  if (session_.gate.Closing()) return;
   DisableAllButtons();
   DisableCheckBoxes();
   windows_.OpenSettings(*this);
 }
 
 void ControlWindow::cmdAbout_Click() {
+  if (session_.gate.Closing()) return;
   DisableAllButtons();
   DisableCheckBoxes();
   windows_.OpenAbout(*this);
@@ -116,18 +140,27 @@ void ControlWindow::cmdClose_Click() {
 }
 
 void ControlWindow::cmdLink_Click() {
+  if (!MayAskTheUser()) return;  // its message boxes let events run
   const HelperLibrary none = HelperLibrary::None(session_.env);
   CreateDesktopLink(session_, session_.helper ? *session_.helper : none, FileNameBoxText());
+}
+
+void ControlWindow::CheckBoxPressed(Control box) {
+  view_.SetValue(box, CheckBoxValueAfterClick(view_.Value(box)));
+  CheckBoxClicked(box);
 }
 
 void ControlWindow::CheckBoxClicked(Control box) {
   const int value = view_.Value(box);
   if (value == 2) return;  // a grayed box changes nothing
+  FlagOf(box) = value == 1;
+}
+
+bool& ControlWindow::FlagOf(Control box) {
   Options& o = session_.options;
-  bool& flag = box == Control::chkFileStart ? o.BringFromStartOfFile
-               : box == Control::chkMinimise ? o.HideMenuOnStartup
-                                             : o.PlaySoundOnUpdate;
-  flag = value == 1;
+  return box == Control::chkFileStart ? o.BringFromStartOfFile
+         : box == Control::chkMinimise ? o.HideMenuOnStartup
+                                       : o.PlaySoundOnUpdate;
 }
 
 void ControlWindow::DisableCheckBoxes() {
@@ -135,7 +168,9 @@ void ControlWindow::DisableCheckBoxes() {
     view_.SetEnabled(c, false);
 }
 
+// Once the program closes, nothing comes back.
 void ControlWindow::EnableCheckBoxes() {
+  if (session_.gate.Closing()) return;
   for (Control c : {Control::chkFileStart, Control::chkMinimise, Control::chkPlaySound})
     view_.SetEnabled(c, true);
 }
@@ -167,6 +202,7 @@ void ControlWindow::DisableAllButtons() {
 }
 
 void ControlWindow::EnableAllButtons() {
+  if (session_.gate.Closing()) return;
   for (Control c : {Control::cmdBrowse, Control::cmdOptions, Control::cmdFilter, Control::cmdPause,
                     Control::cmdAbout, Control::cmdClose, Control::cmbFileName})
     view_.SetEnabled(c, true);
@@ -174,8 +210,15 @@ void ControlWindow::EnableAllButtons() {
   view_.SetEnabled(Control::cmdLink, session_.options.HelperLibraryVersion > 0);
 }
 
+bool ControlWindow::KeyDown(Control control, const KeyStroke& key) {
+  const KeyDownArgs args = ControlKeyDown(key);
+  return KeyDown(control, args.key_code, args.shift);
+}
+
 // ENTER or line feed on a check box or on the About, Filter, Options and
-// Pause buttons opens the named file; F1 anywhere shows the help message.
+// Pause buttons opens the named file; any other key on a check box sets its
+// flag from the box as it stands (a grayed box: off); F1 anywhere shows the
+// help message.
 bool ControlWindow::KeyDown(Control control, int key_code, int shift) {
   using namespace keys_down;
   if (key_code == kF1) {
@@ -191,18 +234,25 @@ bool ControlWindow::KeyDown(Control control, int key_code, int shift) {
     cmbFileName_KeyDown(key_code, shift);
     return key_code == kDelete && shift == kShift;
   }
-  const bool opens = control == Control::cmdAbout || control == Control::cmdFilter ||
-                     control == Control::cmdOptions || control == Control::cmdPause ||
-                     control == Control::chkFileStart || control == Control::chkMinimise ||
-                     control == Control::chkPlaySound;
+  const bool check_box = control == Control::chkFileStart || control == Control::chkMinimise ||
+                         control == Control::chkPlaySound;
+  const bool opens = check_box || control == Control::cmdAbout || control == Control::cmdFilter ||
+                     control == Control::cmdOptions || control == Control::cmdPause;
   if ((key_code == kEnter || key_code == kLineFeed) && opens) {
     OK_Click();
     return true;
   }
+  if (check_box) FlagOf(control) = view_.Value(control) == 1;
   return false;
 }
 
+// The buttons go at once, also when the unload waits for a running
+// operation: nothing may be started or opened meanwhile.
 void ControlWindow::Form_Unload() {
+  if (!session_.gate.Closing()) {
+    DisableAllButtons();
+    DisableCheckBoxes();
+  }
   session_.gate.RequestUnload([this] {
     Unload();
     view_.CloseWindow();

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "control/control_keys.h"
 #include "control/control_view.h"
 #include "control/menu_port.h"
 #include "display/control_port.h"
@@ -25,12 +26,6 @@ class TextWindowPort;
 class WindowFactory;
 class WindowServices;
 struct Session;
-
-// Key codes as the control window's handlers take them.
-namespace keys_down {
-inline constexpr int kLineFeed = 10, kEnter = 13, kDelete = 46, kF1 = 112;
-inline constexpr int kShift = 1;
-}  // namespace keys_down
 
 class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows, public MenuPort {
  public:
@@ -66,6 +61,10 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   void chkFileStart_Click() { CheckBoxClicked(Control::chkFileStart); }
   void chkMinimise_Click() { CheckBoxClicked(Control::chkMinimise); }
   void chkPlaySound_Click() { CheckBoxClicked(Control::chkPlaySound); }
+  // The user clicked a check box (mouse or space bar): it takes its next
+  // value, then its Click handler runs. Toolkits forward the click here and
+  // change nothing themselves.
+  void CheckBoxPressed(Control box);
   void DisableCheckBoxes();
   void EnableCheckBoxes() override;
   void SetCheckboxesDefault();
@@ -77,6 +76,8 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   // Keys, by key code and shift state, on any control; true when the key
   // goes no further.
   bool KeyDown(Control control, int key_code, int shift);
+  // A key as the window system reports it, mapped once here.
+  bool KeyDown(Control control, const KeyStroke& key);
 
   // The file name box (typing, picking, keys, drops), the plain name field
   // and the tip label.
@@ -133,6 +134,11 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   void OpenFile(bool startup_mode, int16_t changed_cpu_interval, bool play_sound_change);
   void Unload();
   void CheckBoxClicked(Control box);
+  void ApplyNewFilter(const std::string& answer);
+  bool& FlagOf(Control check_box);
+  // Browse, Filter and Link wait for the user: not inside an operation
+  // (they would nest in its wait) and not once the program closes.
+  bool MayAskTheUser() const;
   TextWindowPort& LoadTextWindow();
   void UnloadTextWindow();
   void WaitSeconds(int seconds);
@@ -148,6 +154,7 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   SystemRandom random_;
   TextWindowPort* text_window_ = nullptr;
   bool program_closing_ = false;
+  bool asking_filter_ = false;  // the input box of cmdFilter_Click waits
   bool unloaded_ = false;
 };
 

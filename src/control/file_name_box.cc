@@ -38,15 +38,20 @@ void ControlWindow::cmbFileName_KeyPress(int character) {
 }
 
 // SHIFT+DEL removes the history entry the user sees, here and in the stored
-// history; what the box shows stays as it is.
+// history; what the box shows stays as it is. The removal holds the write
+// lock while its writes let events run: it is an operation of the gate, so
+// an open asked for meanwhile is dropped (it would wait for this process's
+// own lock) and a close runs after it, with the lock free again.
 void ControlWindow::cmbFileName_KeyDown(int key_code, int shift) {
   if (key_code != keys_down::kDelete || shift != keys_down::kShift) return;
-  const int index = ShownHistoryIndex();
-  if (index < 0) return;
-  const std::string name = view_.List()[static_cast<size_t>(index)];
-  if (name.empty()) return;
-  RemoveFromHistory(session_, name);
-  view_.RemoveListItem(index);
+  session_.gate.Run(WindowGate::Work::kHistory, [&] {
+    const int index = ShownHistoryIndex();
+    if (index < 0) return;
+    const std::string name = view_.List()[static_cast<size_t>(index)];
+    if (name.empty()) return;
+    RemoveFromHistory(session_, name);
+    view_.RemoveListItem(index);
+  });
 }
 
 int ControlWindow::ShownHistoryIndex() {
@@ -64,7 +69,9 @@ void ControlWindow::cmbFileName_OLEDragDrop(const std::vector<std::string>& name
   if (names.empty() || names.front().empty()) return;
   const std::string& name = names.front();
   SetFileNameBox(name);
-  if (!IsShortcutFile(name) || !session_.helper) return;
+  // Only a library recent enough resolves shortcuts; else the shortcut's own
+  // path stays.
+  if (!IsShortcutFile(name) || !session_.options.HelperLibraryInUse || !session_.helper) return;
   const std::string target = session_.helper->GetLinkTarget(name).value_or("");
   if (!target.empty() && FileExists(session_.env, target)) SetFileNameBox(target);
 }

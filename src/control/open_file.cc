@@ -105,6 +105,9 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
   if (StillShowing(box)) follower_.UpdateCaption();
 
   EnableAllButtons();
+  // Open comes back whatever the box shows: ENTER in an emptied box opened
+  // the file followed so far, and Open opens it again.
+  view_.SetEnabled(Control::cmdOK, true);
   EnableCheckBoxes();
   AddToHistory(o, o.FileName);
   FillHistoryList();

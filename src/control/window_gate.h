@@ -2,7 +2,8 @@
 // waits (the initial load, the lock wait, the input box, configuration write
 // retries, the start delay), so any handler can run inside any other. Three
 // things keep that safe, for every window toolkit alike:
-// - Opening a file, restarting, applying settings and unloading never nest:
+// - Opening a file, restarting, applying settings, editing the history and
+//   unloading never nest:
 //   a request that arrives while one of them runs is dropped; an unload is
 //   kept and runs as soon as the running one is over, never inside it.
 // - Once the unload has been asked for, nothing re-shows a window or starts
@@ -21,7 +22,8 @@ namespace ferrow {
 
 class WindowGate {
  public:
-  enum class Work { kNone, kOpen, kRestart, kApply, kUnload };
+  // kHistory: an edit of the stored history (SHIFT+DEL, clearing it).
+  enum class Work { kNone, kOpen, kRestart, kApply, kHistory, kUnload };
 
   // Runs `work` unless another operation runs or the unload has begun;
   // false when the request was dropped.

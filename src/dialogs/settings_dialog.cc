@@ -117,13 +117,18 @@ void SettingsDialog::cmdCancel_Click() {
   Unload();
 }
 
+// Its writes let events run: an edit of the history, one at a time, and
+// none once the program closes.
 void SettingsDialog::Command1_Click() {
-  Options& o = session_.options;
-  for (int i = 0; i < o.HistoryTotal; ++i) o.HistoryList[static_cast<size_t>(i)].clear();
-  o.HistoryTotal = 0;
-  menu_.ClearHistoryList();
-  SaveHistory(session_);
-  services_.Message("History Cleared", "Information", MessageIcon::Information);
+  const bool cleared = session_.gate.Run(WindowGate::Work::kHistory, [this] {
+    Options& o = session_.options;
+    for (int i = 0; i < o.HistoryTotal; ++i) o.HistoryList[static_cast<size_t>(i)].clear();
+    o.HistoryTotal = 0;
+    menu_.ClearHistoryList();
+    SaveHistory(session_);
+  });
+  if (cleared && !session_.gate.Closing())
+    services_.Message("History Cleared", "Information", MessageIcon::Information);
 }
 
 void SettingsDialog::cmdBrowseWav_Click() {

@@ -14,6 +14,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "qt/control_keys_qt.h"
+#include "qt/file_name_edit.h"
 #include "qt/frmAbout.h"
 #include "qt/drawn_icons.h"
 #include "qt/event_passes.h"
@@ -43,21 +45,6 @@ class TextWindowAdapter : public QObject, public TextWindowPort {
   frmText* window_;
 };
 
-int KeyCode(const QKeyEvent* key) {
-  switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return key->modifiers() & Qt::ControlModifier ? keys_down::kLineFeed : keys_down::kEnter;
-    case Qt::Key_F1: return keys_down::kF1;
-    case Qt::Key_Delete: return keys_down::kDelete;
-    default: return key->key() < 0x100 ? key->key() : 0;
-  }
-}
-
-int ShiftState(const QKeyEvent* key) {
-  const Qt::KeyboardModifiers m = key->modifiers() & ~Qt::KeypadModifier;
-  return (m & Qt::ShiftModifier ? 1 : 0) | (m & Qt::ControlModifier ? 2 : 0) | (m & Qt::AltModifier ? 4 : 0);
-}
-
 std::vector<std::string> DroppedFiles(const QMimeData* data) {
   std::vector<std::string> names;
   for (const QUrl& url : data->urls()) names.push_back(FromQt(url.toLocalFile()));
@@ -79,9 +66,9 @@ void TriStateBox::SetValue(int value) {
   setCheckState(value == 1 ? Qt::Checked : value == 2 ? Qt::PartiallyChecked : Qt::Unchecked);
 }
 
-void TriStateBox::nextCheckState() {
-  setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-}
+// The control window's logic gives the box its next value when it hears of
+// the click.
+void TriStateBox::nextCheckState() {}
 
 Form1::Form1(Session& session, WindowServices& services, QWidget* parent)
     : QWidget(parent),
@@ -107,6 +94,8 @@ void Form1::BuildControls() {
   };
   cmbFileName = new QComboBox(this);
   cmbFileName->setEditable(true);
+  file_name_edit_ = new FileNameEdit(cmbFileName);
+  cmbFileName->setLineEdit(file_name_edit_);
   cmbFileName->setInsertPolicy(QComboBox::NoInsert);
   cmbFileName->setMinimumContentsLength(40);
   // No completion: what opens is exactly what the user typed, and only a
@@ -178,11 +167,15 @@ void Form1::Connect() {
   connect(cmdLink, &QToolButton::clicked, this, [&l] { l.cmdLink_Click(); });
   connect(Timer1, &QTimer::timeout, this, [&l] { l.Timer1_Timer(); });
   connect(cmbFileName, &QComboBox::editTextChanged, this, [&l] { l.cmbFileName_Change(); });
-  connect(cmbFileName, QOverload<int>::of(&QComboBox::activated), this, [&l] { l.cmbFileName_Click(); });
+  // A pick from the list or with the arrow keys; not a typed name that
+  // equals an entry, which Qt reports the same way when editing finishes.
+  connect(cmbFileName, QOverload<int>::of(&QComboBox::activated), this, [this, &l] {
+    if (!file_name_edit_->Finishing()) l.cmbFileName_Click();
+  });
   connect(txtFileName, &QLineEdit::textChanged, this, [&l] { l.txtFileName_Change(); });
-  connect(chkFileStart, &QCheckBox::clicked, this, [&l] { l.chkFileStart_Click(); });
-  connect(chkMinimise, &QCheckBox::clicked, this, [&l] { l.chkMinimise_Click(); });
-  connect(chkPlaySound, &QCheckBox::clicked, this, [&l] { l.chkPlaySound_Click(); });
+  connect(chkFileStart, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkFileStart); });
+  connect(chkMinimise, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkMinimise); });
+  connect(chkPlaySound, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkPlaySound); });
 }
 
 QWidget* Form1::Widget(Control control) const {
@@ -218,10 +211,10 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   const bool box = watched == cmbFileName || watched == cmbFileName->lineEdit();
   switch (event->type()) {
     case QEvent::KeyPress: {
-      auto* key = static_cast<QKeyEvent*>(event);
+      const KeyStroke key = KeyStrokeOf(*static_cast<QKeyEvent*>(event));
       // In the dropped-down list only SHIFT+DEL is the box's; the rest moves in the list.
-      if (watched == cmbFileName->view() && KeyCode(key) != keys_down::kDelete) return false;
-      return logic_.KeyDown(ControlOf(watched), KeyCode(key), ShiftState(key));
+      if (watched == cmbFileName->view() && key.virtual_key != keys_down::kDelete) return false;
+      return logic_.KeyDown(ControlOf(watched), key);
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:

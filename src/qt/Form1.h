@@ -20,13 +20,14 @@ class QToolButton;
 
 namespace ferrow {
 
+class FileNameEdit;
 class SoundPlayer;
 class WindowServices;
 class frmText;
 struct Session;
 
-// A check box whose third state, grayed, means "not set for this file": the
-// program grays it; a click on a grayed box turns it on.
+// A check box whose third state, grayed, means "not set for this file". A
+// click changes nothing by itself: the control window's logic sets the value.
 class TriStateBox : public QCheckBox {
   Q_OBJECT
  public:
@@ -113,6 +114,7 @@ class Form1 : public QWidget, public ControlView, public WindowFactory {
   WindowServices& services_;
   SoundPlayer* sound_;
   ControlWindow logic_;
+  FileNameEdit* file_name_edit_ = nullptr;
   bool in_close_event_ = false;
 };
 

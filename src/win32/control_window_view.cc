@@ -19,16 +19,10 @@ namespace {
 
 int IdOf(Control control) { return kIdFileName + static_cast<int>(control); }
 
-// The key codes and shift state the control window's handlers take.
-int KeyCode(WPARAM virtual_key) {
-  if (virtual_key == VK_RETURN)
-    return GetKeyState(VK_CONTROL) < 0 ? keys_down::kLineFeed : keys_down::kEnter;
-  return virtual_key < 0x100 ? static_cast<int>(virtual_key) : 0;
-}
-
-int ShiftState() {
-  return (GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (GetKeyState(VK_CONTROL) < 0 ? 2 : 0) |
-         (GetKeyState(VK_MENU) < 0 ? 4 : 0);
+// The key as the window system reports it; the logic maps it.
+KeyStroke KeyStrokeOf(WPARAM virtual_key) {
+  return KeyStroke{static_cast<int>(virtual_key), GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0,
+                   GetKeyState(VK_MENU) < 0};
 }
 
 }  // namespace
@@ -194,7 +188,7 @@ LRESULT Win32ControlWindow::OnChildMessage(HWND child, Control control, UINT mes
       return code;
     }
     case WM_KEYDOWN:
-      if (logic_.KeyDown(control, KeyCode(wparam), ShiftState())) return 0;
+      if (logic_.KeyDown(control, KeyStrokeOf(wparam))) return 0;
       break;
     case WM_CHAR:
       if (wparam == '\r' || wparam == '\n') return 0;  // ENTER was taken as a key
@@ -237,7 +231,7 @@ void Win32ControlWindow::Command(int id, int code) {
     case Control::chkFileStart:
     case Control::chkMinimise:
     case Control::chkPlaySound:
-      if (code == BN_CLICKED) CheckBoxClicked(control);
+      if (code == BN_CLICKED) logic_.CheckBoxPressed(control);  // the logic sets the value
       return;
     default:
       break;
@@ -254,14 +248,6 @@ void Win32ControlWindow::Command(int id, int code) {
     case Control::cmdLink: logic_.cmdLink_Click(); break;
     default: break;
   }
-}
-
-// A click turns a box on, and off again; a grayed box goes on.
-void Win32ControlWindow::CheckBoxClicked(Control box) {
-  SetValue(box, Value(box) == 1 ? 0 : 1);
-  if (box == Control::chkFileStart) logic_.chkFileStart_Click();
-  if (box == Control::chkMinimise) logic_.chkMinimise_Click();
-  if (box == Control::chkPlaySound) logic_.chkPlaySound_Click();
 }
 
 // The close box, Alt+F4 or WM_CLOSE from outside: the unload runs now, or

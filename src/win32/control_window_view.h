@@ -84,7 +84,6 @@ class Win32ControlWindow : public ControlView, public WindowFactory {
   LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT OnChildMessage(HWND child, Control control, UINT message, WPARAM wparam, LPARAM lparam);
   void Command(int id, int code);
-  void CheckBoxClicked(Control box);
   void Closing();
   void BuildControls();
   HWND MakeControl(Control control, const char* window_class, const char* text, DWORD style,

@@ -94,6 +94,64 @@ TEST_F(ControlWindowTest, GrayedCheckBoxClickedOnSetsItsFlagAndOneLeftGrayedKeep
   EXPECT_EQ(Shown(), "one\ntwo\n");
 }
 
+TEST_F(ControlWindowTest, AClickTurnsAGrayedBoxOnThenOffThenOnAndTheViewDecidesNothing) {
+  menu.Form_Load();
+  ASSERT_EQ(view.Value(Control::chkMinimise), 2);
+  options.HideMenuOnStartup = false;
+  std::vector<int> values;
+  std::vector<bool> flags;
+  for (int i = 0; i < 3; ++i) {
+    menu.CheckBoxPressed(Control::chkMinimise);
+    values.push_back(view.Value(Control::chkMinimise));
+    flags.push_back(options.HideMenuOnStartup);
+  }
+  EXPECT_EQ(values, (std::vector<int>{1, 0, 1}));
+  EXPECT_EQ(flags, (std::vector<bool>{true, false, true}));
+}
+
+TEST_F(ControlWindowTest, AnyOtherKeyOnACheckBoxSetsItsFlagFromTheBoxAsItStands) {
+  menu.Form_Load();
+  options.BringFromStartOfFile = true;
+  options.PlaySoundOnUpdate = false;
+  options.HideMenuOnStartup = true;
+  view.SetValue(Control::chkFileStart, 2);  // grayed: not 1, so off
+  view.SetValue(Control::chkPlaySound, 1);
+  view.SetValue(Control::chkMinimise, 0);
+  const int kTab = 9, kSpace = 32, kLetterA = 65;
+  EXPECT_FALSE(menu.KeyDown(Control::chkFileStart, kTab, 0));
+  EXPECT_FALSE(menu.KeyDown(Control::chkPlaySound, kSpace, 0));
+  EXPECT_FALSE(menu.KeyDown(Control::chkMinimise, kLetterA, keys_down::kShift));
+  EXPECT_FALSE(options.BringFromStartOfFile);
+  EXPECT_TRUE(options.PlaySoundOnUpdate);
+  EXPECT_FALSE(options.HideMenuOnStartup);
+  EXPECT_EQ(view.Value(Control::chkFileStart), 2);  // the box itself stays as it was
+}
+
+TEST_F(ControlWindowTest, EnterInAnEmptiedBoxReopensTheFileAndLeavesOpenEnabled) {
+  const std::string log = MakeLog("web.log", "line\r\n");
+  menu.Form_Load();
+  Type(log);
+  menu.OK_Click();
+  Type("");
+  EXPECT_TRUE(menu.KeyDown(Control::cmbFileName, keys_down::kEnter, 0));
+  EXPECT_EQ(options.FileName, log);
+  EXPECT_TRUE(view.timer);
+  EXPECT_TRUE(view.Enabled(Control::cmdOK));
+}
+
+TEST(ControlKeys, CtrlEnterIsALineFeedAndTheModifiersAddUp) {
+  const auto code = [](KeyStroke key) {
+    const KeyDownArgs args = ControlKeyDown(key);
+    return std::to_string(args.key_code) + "/" + std::to_string(args.shift);
+  };
+  EXPECT_EQ(code({13, false, false, false}), "13/0");
+  EXPECT_EQ(code({13, false, true, false}), "10/2");
+  EXPECT_EQ(code({46, true, false, false}), "46/1");
+  EXPECT_EQ(code({112, true, true, true}), "112/7");
+  EXPECT_EQ(code({0x1000, false, false, false}), "0/0");
+  EXPECT_EQ(code({0, true, false, false}), "0/1");
+}
+
 TEST_F(ControlWindowTest, ClosingAMinimisedControlWindowKeepsItsLastPosition) {
   options.MenuX = 1234;
   options.MenuY = 567;
@@ -229,6 +287,8 @@ TEST_F(ControlWindowTest, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesT
 TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowItsOwnPath) {
   HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
   app.helper = &library;
+  options.HelperLibraryVersion = 103;
+  options.HelperLibraryInUse = true;
   const std::string target = MakeLog("target.log", "x");
   const std::string link = dir.File("target.lnk");
   ASSERT_NE(library.CreateShortcut(target, link, "", "", "", 1, -1).value_or(0), 0);
@@ -241,6 +301,19 @@ TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowI
   menu.cmbFileName_OLEDragDrop({link});
   EXPECT_EQ(Box(), link) << "a shortcut whose target is gone leaves its own path";
   EXPECT_FALSE(menu.FileOpened);  // not opened until the user confirms
+}
+
+TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxKeepsItsOwnPathWhenTheLibraryIsTooOld) {
+  HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
+  app.helper = &library;
+  const std::string target = MakeLog("target.log", "x");
+  const std::string link = dir.File("target.lnk");
+  ASSERT_NE(library.CreateShortcut(target, link, "", "", "", 1, -1).value_or(0), 0);
+  options.HelperLibraryVersion = 102;  // bound, but older than 103
+  options.HelperLibraryInUse = false;
+  menu.Form_Load();
+  menu.cmbFileName_OLEDragDrop({link});
+  EXPECT_EQ(Box(), link);
 }
 
 TEST_F(ControlWindowTest, TextWindowCaptionShowsTheSizeAtOnceWithoutBringingFromStart) {

@@ -71,16 +71,8 @@ class FakeControlView : public ControlView {
     return true;
   }
 
-  // A click as the user makes it: on a check box it turns a grayed or
-  // cleared box on and a set one off.
-  void Click(Control c) {
-    if (c == Control::chkFileStart || c == Control::chkMinimise || c == Control::chkPlaySound) {
-      controls[c].value = controls[c].value == 1 ? 0 : 1;
-      if (c == Control::chkFileStart) logic->chkFileStart_Click();
-      if (c == Control::chkMinimise) logic->chkMinimise_Click();
-      if (c == Control::chkPlaySound) logic->chkPlaySound_Click();
-    }
-  }
+  // A click on a check box as the user makes it: the logic decides its new value.
+  void Click(Control c) { logic->CheckBoxPressed(c); }
   // Picking entry `index` from the drop-down list.
   void Pick(int index) {
     controls[Control::cmbFileName].text = list[static_cast<size_t>(index)];
