@@ -11,8 +11,11 @@
 #include <QToolButton>
 #include <chrono>
 
+#include "config/history.h"
 #include "config/ini_file.h"
 #include "control/live_fixture.h"
+#include "qt/frmAbout.h"
+#include "qt/frmInputBox.h"
 #include "qt/frmSettings.h"
 #include "qt/frmText.h"
 
@@ -158,6 +161,118 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAFilterRestartStopsFollowing)
   form->Logic().follower().FerrowRestart();
   EXPECT_TRUE(form->Logic().Unloaded());
   EXPECT_FALSE(form->Timer1->isActive());
+}
+
+// SHIFT+DEL holds the write lock while its writes let events run.
+TEST_F(LiveForm1Test, ClosingTheControlWindowDuringShiftDelUnloadsAfterItAndSavesTheFile) {
+  const std::string log = MakeLog("web.log", "one\r\n");
+  form->Logic().Form_Load();
+  Type(log);
+  form->chkFileStart->SetValue(1);
+  form->Logic().OK_Click();
+  ASSERT_TRUE(form->Logic().FileOpened);
+  ASSERT_EQ(form->cmbFileName->count(), 1);
+  options.BrowseStartDir = dir.path();  // changed since the open saved the common section
+  bool unloaded_inside = true;
+  env.At(1, [&] {
+    form->close();  // the close box, while the removal holds the lock
+    unloaded_inside = form->Logic().Unloaded();
+  });
+  Key(form->cmbFileName->lineEdit(), Qt::Key_Delete, Qt::ShiftModifier);
+  EXPECT_FALSE(unloaded_inside);
+  EXPECT_TRUE(form->Logic().Unloaded());
+  EXPECT_EQ(form->cmbFileName->count(), 0) << "the removal the user saw was finished";
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "BringFromStartOfFile"), "True");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "BrowseStartDir"), dir.path());
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "WriteLock"), "False");
+}
+
+TEST_F(LiveForm1Test, EnterDuringShiftDelOpensNothingAndAsksNothing) {
+  const std::string a = MakeLog("a.log", "a\r\n");
+  const std::string b = MakeLog("b.log", "b\r\n");
+  testing::WriteBytes(options.IniFileName, "[Common]\r\nHistoryCount=2\r\nHistory1=" + a + "\r\nHistory2=" + b + "\r\n");
+  LoadHistoryAtStartup(session);
+  form->Logic().Form_Load();
+  Type(b);
+  form->Logic().OK_Click();
+  Type(a);
+  form->Logic().OK_Click();
+  ASSERT_EQ(form->cmbFileName->count(), 2);
+  env.At(1, [&] {
+    Type(b);
+    Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
+  });
+  Type(a);
+  Key(form->cmbFileName->lineEdit(), Qt::Key_Delete, Qt::ShiftModifier);
+  EXPECT_EQ(services.questions, std::vector<std::string>{});
+  EXPECT_EQ(options.FileName, a);
+  EXPECT_EQ(options.FileSection, "a.log");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "WriteLock"), "False");
+  EXPECT_TRUE(form->Timer1->isActive());
+}
+
+TEST_F(LiveForm1Test, ClosingDuringTheFiltersRestartTakesTheButtonsAwayAndOpensNoAboutWindow) {
+  const std::string log = MakeLongLog("big.log", 3000);
+  options.BringFromStartOfFile = true;
+  options.HelperLibraryVersion = 103;  // the Link button is on
+  form->Logic().Form_Load();
+  Type(log);
+  form->chkFileStart->SetValue(1);
+  form->Logic().OK_Click();
+  ASSERT_TRUE(form->cmdLink->isEnabled());
+  env.At(3, [&] {
+    frmInputBox* box = LoadedInputBox();
+    ASSERT_TRUE(box);
+    box->txtInput->setText("FATAL");
+    box->cmdOK_Click();
+  });
+  std::vector<std::string> enabled;
+  bool about_opened = false;
+  DuringLoad(3, [&] {
+    form->close();
+    const std::pair<const char*, QToolButton*> buttons[] = {
+        {"Browse", form->cmdBrowse}, {"Filter", form->cmdFilter}, {"Options", form->cmdOptions},
+        {"About", form->cmdAbout},   {"Link", form->cmdLink}};
+    for (const auto& [name, button] : buttons)
+      if (button->isEnabled()) enabled.push_back(name);
+    form->cmdAbout->click();
+    form->Logic().cmdAbout_Click();  // a click already queued
+    about_opened = Find<frmAbout>() != nullptr;
+  });
+  form->cmdFilter->click();
+  EXPECT_EQ(enabled, std::vector<std::string>{});
+  EXPECT_FALSE(about_opened);
+  EXPECT_TRUE(form->Logic().Unloaded());
+  EXPECT_EQ(options.FilterString, "FATAL");
+  Settle();
+  EXPECT_EQ(Find<frmAbout>(), nullptr);
+}
+
+TEST_F(LiveForm1Test, TheFilterButtonIsOffWhileTheInputBoxWaitsAndASecondClickWaitsForNothing) {
+  const std::string log = MakeLog("web.log", "one\r\n");
+  form->Logic().Form_Load();
+  Type(log);
+  form->Logic().OK_Click();
+  bool enabled_while_waiting = true;
+  int nested_passes = -1;
+  env.At(3, [&] {
+    enabled_while_waiting = form->cmdFilter->isEnabled();
+    const int before = env.passes;
+    form->Logic().cmdFilter_Click();  // a second click that reached the logic
+    nested_passes = env.passes - before;
+  });
+  env.At(8, [&] {
+    frmInputBox* box = LoadedInputBox();
+    ASSERT_TRUE(box);
+    box->txtInput->setText("FATAL");
+    box->cmdOK_Click();
+  });
+  form->cmdFilter->click();
+  EXPECT_FALSE(enabled_while_waiting);
+  EXPECT_EQ(nested_passes, 0);
+  EXPECT_EQ(options.FilterString, "FATAL");
+  EXPECT_TRUE(form->cmdFilter->isEnabled());
+  EXPECT_TRUE(form->Timer1->isActive());
 }
 
 }  // namespace
