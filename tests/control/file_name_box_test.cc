@@ -75,6 +75,29 @@ TEST_F(FileNameBox, ShiftDelRemovesTheEntryFromTheListAndTheStoredHistory) {
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");
 }
 
+// On some keyboards "." is typed with SHIFT; Qt's code for "." has DEL's value.
+TEST_F(FileNameBox, AShiftedFullStopIsTypedAndRemovesNothing) {
+  WriteIni("[Common]\r\nHistoryCount=2\r\nHistory1=/logs/a.log\r\nHistory2=/logs/b.log\r\n");
+  LoadHistoryAtStartup(app);
+  form->Logic().Form_Load();
+  form->cmbFileName->setCurrentIndex(0);
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Period, Qt::ShiftModifier, ".");
+  QApplication::sendEvent(form->cmbFileName->lineEdit(), &press);
+  EXPECT_EQ(form->cmbFileName->count(), 2);
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "2");
+  EXPECT_EQ(Box(), "/logs/a.log.");
+}
+
+TEST_F(FileNameBox, CtrlEnterInTheBoxIsALineFeedAndOpensNothing) {
+  const std::string log = MakeLog("enter.log", "x\r\n");
+  form->Logic().Form_Load();
+  Type(log);
+  Key(form->cmbFileName->lineEdit(), Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_FALSE(form->Logic().FileOpened);
+  Key(form->chkFileStart, Qt::Key_Return, Qt::ControlModifier);  // on a check box it opens
+  EXPECT_TRUE(form->Logic().FileOpened);
+}
+
 TEST_F(FileNameBox, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesTheFilesSettings) {
   const std::string log = MakeLog("picked.log", "x\r\n");
   WriteIni("[Common]\r\nHistoryCount=1\r\nHistory1=" + log + "\r\n[picked.log]\r\nMenuX=10\r\n"
