@@ -212,6 +212,21 @@ TEST_F(SettingsDialogTest, ClearingTheHistoryEmptiesEveryEntryAndTheList) {
   EXPECT_EQ(view.closes, 0) << "the dialog stays open";
 }
 
+// Its writes let events run: it does not nest inside another operation,
+// nor run once the program closes.
+TEST_F(SettingsDialogTest, ClearingTheHistoryInsideAnOperationOrWhileClosingIsDropped) {
+  options.HistoryList[0] = "C:\\a.log";
+  options.HistoryTotal = 1;
+  dialog.Form_Load();
+  session.gate.Run(WindowGate::Work::kRestart, [&] { dialog.Command1_Click(); });
+  session.gate.RequestUnload([] {});
+  dialog.Command1_Click();
+  EXPECT_EQ(options.HistoryTotal, 1);
+  EXPECT_EQ(options.HistoryList[0], "C:\\a.log");
+  EXPECT_EQ(menu.Count("ClearHistoryList"), 0);
+  EXPECT_EQ(services.messages, std::vector<std::string>{});
+}
+
 TEST_F(SettingsDialogTest, ABrowsedSoundThatExistsIsTakenAMissingOneIsIgnored) {
   const std::string wav = dir.File("ding.wav");
   testing::WriteBytes(wav, "RIFF");
