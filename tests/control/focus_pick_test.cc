@@ -3,6 +3,7 @@
 // activation and keyboard focus moving as it does for a user.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -103,6 +104,28 @@ TEST_F(FocusPick, TheArrowKeyInTheBoxPicksTheNextEntry) {
   ASSERT_EQ(form->chkPlaySound->Value(), 1);
   Key(form->cmbFileName->lineEdit(), Qt::Key_Down);
   EXPECT_EQ(form->cmbFileName->currentText().toStdString(), b);
+  EXPECT_FALSE(options.PlaySoundOnUpdate) << "a pick takes the defaults";
+  EXPECT_EQ(form->chkPlaySound->Value(), 2);
+}
+
+TEST_F(FocusPick, AClickOnAnEntryOfTheDroppedDownListIsAPick) {
+  OpenFollowedFile();
+  form->Logic().UpdateCheckboxes();
+  form->cmbFileName->showPopup();
+  QAbstractItemView* list = form->cmbFileName->view();
+  QElapsedTimer clock;
+  clock.start();
+  while (!list->isVisible() && clock.elapsed() < 5000) QApplication::processEvents(QEventLoop::AllEvents, 50);
+  ASSERT_TRUE(list->isVisible());
+  const QPoint at = list->visualRect(list->model()->index(0, 0)).center();
+  for (QEvent::Type type : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+    QMouseEvent mouse(type, at, list->viewport()->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(list->viewport(), &mouse);
+  }
+  QApplication::processEvents();
+  EXPECT_EQ(form->cmbFileName->currentText().toStdString(), a);
   EXPECT_FALSE(options.PlaySoundOnUpdate) << "a pick takes the defaults";
   EXPECT_EQ(form->chkPlaySound->Value(), 2);
 }
