@@ -173,9 +173,11 @@ void Form1::Connect() {
     if (!file_name_edit_->Finishing()) l.cmbFileName_Click();
   });
   connect(txtFileName, &QLineEdit::textChanged, this, [&l] { l.txtFileName_Change(); });
-  connect(chkFileStart, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkFileStart); });
-  connect(chkMinimise, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkMinimise); });
-  connect(chkPlaySound, &QCheckBox::clicked, this, [&l] { l.CheckBoxPressed(Control::chkPlaySound); });
+  const std::pair<TriStateBox*, Control> boxes[] = {{chkFileStart, Control::chkFileStart},
+                                                    {chkMinimise, Control::chkMinimise},
+                                                    {chkPlaySound, Control::chkPlaySound}};
+  for (const auto& [box, name] : boxes)
+    connect(box, &QCheckBox::clicked, this, [&l, name = name] { l.CheckBoxPressed(name); });
 }
 
 QWidget* Form1::Widget(Control control) const {

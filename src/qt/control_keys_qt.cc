@@ -38,8 +38,8 @@ int VirtualKeyOf(int key) {
 
 KeyStroke KeyStrokeOf(const QKeyEvent& key) {
   const Qt::KeyboardModifiers m = key.modifiers();
-  return KeyStroke{VirtualKeyOf(key.key()), (m & Qt::ShiftModifier) != 0, (m & Qt::ControlModifier) != 0,
-                   (m & Qt::AltModifier) != 0};
+  return KeyStroke{VirtualKeyOf(key.key()), (m & Qt::ShiftModifier) != 0,
+                   (m & Qt::ControlModifier) != 0, (m & Qt::AltModifier) != 0};
 }
 
 }  // namespace ferrow

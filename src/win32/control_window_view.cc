@@ -21,8 +21,8 @@ int IdOf(Control control) { return kIdFileName + static_cast<int>(control); }
 
 // The key as the window system reports it; the logic maps it.
 KeyStroke KeyStrokeOf(WPARAM virtual_key) {
-  return KeyStroke{static_cast<int>(virtual_key), GetKeyState(VK_SHIFT) < 0, GetKeyState(VK_CONTROL) < 0,
-                   GetKeyState(VK_MENU) < 0};
+  return KeyStroke{static_cast<int>(virtual_key), GetKeyState(VK_SHIFT) < 0,
+                   GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0};
 }
 
 }  // namespace

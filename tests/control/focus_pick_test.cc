@@ -21,7 +21,8 @@ using testing::Form1Test;
 class FocusPick : public Form1Test {
  protected:
   void SetUp() override {
-    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "needs an X server (run under xvfb-run)";
+    if (QGuiApplication::platformName() != "xcb")
+      GTEST_SKIP() << "needs an X server (run under xvfb-run)";
   }
   // Waits until `window` is the active window, as the X server reports it.
   static bool WaitActive(QWidget* window) {
@@ -115,10 +116,12 @@ TEST_F(FocusPick, AClickOnAnEntryOfTheDroppedDownListIsAPick) {
   QAbstractItemView* list = form->cmbFileName->view();
   QElapsedTimer clock;
   clock.start();
-  while (!list->isVisible() && clock.elapsed() < 5000) QApplication::processEvents(QEventLoop::AllEvents, 50);
+  while (!list->isVisible() && clock.elapsed() < 5000)
+    QApplication::processEvents(QEventLoop::AllEvents, 50);
   ASSERT_TRUE(list->isVisible());
   const QPoint at = list->visualRect(list->model()->index(0, 0)).center();
-  for (QEvent::Type type : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+  for (QEvent::Type type :
+       {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
     QMouseEvent mouse(type, at, list->viewport()->mapToGlobal(at), button, held, Qt::NoModifier);

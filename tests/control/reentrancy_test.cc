@@ -190,7 +190,8 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringShiftDelUnloadsAfterItAndSave
 TEST_F(LiveForm1Test, EnterDuringShiftDelOpensNothingAndAsksNothing) {
   const std::string a = MakeLog("a.log", "a\r\n");
   const std::string b = MakeLog("b.log", "b\r\n");
-  testing::WriteBytes(options.IniFileName, "[Common]\r\nHistoryCount=2\r\nHistory1=" + a + "\r\nHistory2=" + b + "\r\n");
+  testing::WriteBytes(options.IniFileName,
+                      "[Common]\r\nHistoryCount=2\r\nHistory1=" + a + "\r\nHistory2=" + b + "\r\n");
   LoadHistoryAtStartup(session);
   form->Logic().Form_Load();
   Type(b);
