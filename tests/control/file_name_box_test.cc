@@ -140,6 +140,18 @@ TEST_F(FileNameBox, EnterInTheBoxOpensTheFile) {
   EXPECT_TRUE(form->Logic().FileOpened);
 }
 
+TEST_F(FileNameBox, EnterInAnEmptiedBoxOpensTheFollowedFileAgainAndOpenStaysOn) {
+  const std::string log = MakeLog("enter.log", "x\r\n");
+  form->Logic().Form_Load();
+  Type(log);
+  form->Logic().OK_Click();
+  form->cmbFileName->lineEdit()->clear();
+  Key(form->cmbFileName->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(options.FileName, log);
+  EXPECT_TRUE(form->Timer1->isActive());
+  EXPECT_TRUE(form->cmdOK->isEnabled());
+}
+
 TEST_F(FileNameBox, PlainNameFieldSetsTheFileNameAndTheOpenButton) {
   form->Logic().Form_Load();
   form->txtFileName->setText("/logs/plain.log");
