@@ -151,19 +151,28 @@ void TextDecoder::LookAtHead(const std::string& head) {
 }
 
 std::string TextDecoder::DecodeAt(const std::string& bytes, int64_t offset) {
-  if (offset == 0) LookAtHead(bytes);
-  if (offset == next_offset_) return Decode(bytes);
-  Reset();
-  size_t skip = 0;
-  if (offset < static_cast<int64_t>(mark_length_))  // the mark is never shown
-    skip = static_cast<size_t>(static_cast<int64_t>(mark_length_) - offset);
-  else if (offset > 0)
-    skip = CutTail(bytes, encoding_, offset);
-  skip = std::min(skip, bytes.size());
+  const bool fresh = offset != next_offset_;
+  if (fresh) pending_.clear();
+  const int64_t start = offset - static_cast<int64_t>(pending_.size());
+  const std::string all = pending_ + bytes;
+  pending_.clear();
   next_offset_ = offset + static_cast<int64_t>(bytes.size());
-  std::string text = DecodeAs(bytes.substr(skip), true);
-  if (encoding_ == TextEncoding::kLegacy && skip > 0 && offset >= static_cast<int64_t>(mark_length_))
-    text = DecodeAs(bytes, true);  // decided legacy: what looked like a cut tail is text
+  if (start == 0) LookAtHead(all);
+  if (start == 0 && !head_seen_) {  // the beginning of a mark, perhaps: wait for the rest
+    pending_ = all;
+    return {};
+  }
+  const int64_t mark = static_cast<int64_t>(mark_length_);
+  size_t skip = 0;
+  if (start < mark) skip = static_cast<size_t>(mark - start);  // the mark is never shown
+  else if (fresh && start > 0) skip = CutTail(all, encoding_, start);
+  skip = std::min(skip, all.size());
+  const bool undecided = encoding_ == TextEncoding::kUndecided;
+  std::string text = DecodeAs(all.substr(skip), true);
+  if (undecided && encoding_ == TextEncoding::kLegacy && skip > 0 && start >= mark) {
+    pending_.clear();
+    text = DecodeAs(all, true);  // decided legacy: what looked like a cut tail is text
+  }
   return text;
 }
 

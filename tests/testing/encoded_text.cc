@@ -1,0 +1,34 @@
+#include "testing/encoded_text.h"
+
+#include <fstream>
+
+namespace ferrow::testing {
+
+std::string Utf16Bytes(const std::string& text, bool big_endian) {
+  std::string out;
+  const auto unit = [&](char32_t u) {
+    const char hi = static_cast<char>(u >> 8), lo = static_cast<char>(u & 0xFF);
+    out += big_endian ? hi : lo;
+    out += big_endian ? lo : hi;
+  };
+  for (size_t i = 0; i < text.size();) {
+    const unsigned char b = static_cast<unsigned char>(text[i]);
+    const int extra = b < 0x80 ? 0 : b >= 0xF0 ? 3 : b >= 0xE0 ? 2 : 1;
+    char32_t c = extra == 0 ? b : b & (0x3F >> extra);
+    for (int k = 1; k <= extra; ++k) c = c << 6 | (static_cast<unsigned char>(text[i + k]) & 0x3F);
+    i += static_cast<size_t>(extra) + 1;
+    if (c >= 0x10000) {
+      unit(0xD800 + ((c - 0x10000) >> 10));
+      unit(0xDC00 + ((c - 0x10000) & 0x3FF));
+    } else {
+      unit(c);
+    }
+  }
+  return out;
+}
+
+void AppendBytes(const std::string& file, const std::string& bytes) {
+  std::ofstream(file, std::ios::binary | std::ios::app) << bytes;
+}
+
+}  // namespace ferrow::testing
