@@ -27,6 +27,25 @@ std::string Utf16Bytes(const std::string& text, bool big_endian) {
   return out;
 }
 
+std::string Latin1(const std::string& text) {
+  std::string out;
+  for (size_t i = 0; i < text.size(); ++i) {
+    const unsigned char b = static_cast<unsigned char>(text[i]);
+    if (b < 0x80) out += static_cast<char>(b);
+    else out += static_cast<char>((b & 0x1F) << 6 | (static_cast<unsigned char>(text[++i]) & 0x3F));
+  }
+  return out;
+}
+
+std::vector<EncodedFile> EveryEncoding(const std::string& text, bool with_legacy) {
+  std::vector<EncodedFile> files = {{"UTF-16LE", kUtf16LeMark + Utf16Le(text)},
+                                    {"UTF-16BE", kUtf16BeMark + Utf16Be(text)},
+                                    {"UTF-8 with mark", kUtf8Mark + text},
+                                    {"UTF-8", text}};
+  if (with_legacy) files.push_back({"ANSI", Latin1(text)});
+  return files;
+}
+
 void AppendBytes(const std::string& file, const std::string& bytes) {
   std::ofstream(file, std::ios::binary | std::ios::app) << bytes;
 }

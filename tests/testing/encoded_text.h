@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace ferrow::testing {
 
@@ -13,6 +14,17 @@ inline std::string Utf16Be(const std::string& text) { return Utf16Bytes(text, tr
 constexpr char kUtf8Mark[] = "\xEF\xBB\xBF";
 constexpr char kUtf16LeMark[] = "\xFF\xFE";
 constexpr char kUtf16BeMark[] = "\xFE\xFF";
+
+// UTF-8 `text` of code points below 256 as Windows-1252 (Latin-1) bytes.
+std::string Latin1(const std::string& text);
+
+// The same text in each encoding a followed file may be in; `text` holds only
+// code points below 256 when `with_legacy`.
+struct EncodedFile {
+  const char* name;
+  std::string bytes;
+};
+std::vector<EncodedFile> EveryEncoding(const std::string& text, bool with_legacy);
 
 // Appends raw bytes to a file.
 void AppendBytes(const std::string& file, const std::string& bytes);
