@@ -25,7 +25,9 @@ class Env;
 class TextDecoder {
  public:
   explicit TextDecoder(Env& env);
-  TextDecoder(Env& env, TextEncoding encoding) : env_(env), encoding_(encoding) {}
+  // A decoder in `encoding`; kUndecided: a followed file, decided from its bytes.
+  TextDecoder(Env& env, TextEncoding encoding)
+      : env_(env), encoding_(encoding), head_seen_(encoding != TextEncoding::kUndecided) {}
 
   // The text of `bytes`, which follow the bytes of the previous call.
   std::string Decode(const std::string& bytes);
