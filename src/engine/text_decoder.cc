@@ -82,9 +82,13 @@ std::string TextDecoder::Legacy(const std::string& bytes) {
   if (!env_.FileTextIsUtf8()) return env_.AnsiToUtf8(bytes);
   std::string out;
   out.reserve(bytes.size() + bytes.size() / 8);
-  for (char c : bytes) {
-    if (static_cast<unsigned char>(c) < 0x80) out += c;
-    else AppendUtf8(out, CodePageToUnicode(static_cast<unsigned char>(c), 1252));
+  for (size_t i = 0; i < bytes.size();) {
+    size_t ascii = i;  // ASCII runs are the common case: copy them in one go
+    while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) ++ascii;
+    out.append(bytes, i, ascii - i);
+    if (ascii == bytes.size()) break;
+    AppendUtf8(out, CodePageToUnicode(static_cast<unsigned char>(bytes[ascii]), 1252));
+    i = ascii + 1;
   }
   return out;
 }
@@ -154,7 +158,9 @@ std::string TextDecoder::DecodeAt(const std::string& bytes, int64_t offset) {
   const bool fresh = offset != next_offset_;
   if (fresh) pending_.clear();
   const int64_t start = offset - static_cast<int64_t>(pending_.size());
-  const std::string all = pending_ + bytes;
+  std::string joined;  // copied only when a character was held back
+  if (!pending_.empty()) joined = pending_ + bytes;
+  const std::string& all = pending_.empty() ? bytes : joined;
   pending_.clear();
   next_offset_ = offset + static_cast<int64_t>(bytes.size());
   if (start == 0) LookAtHead(all);
@@ -168,7 +174,7 @@ std::string TextDecoder::DecodeAt(const std::string& bytes, int64_t offset) {
   else if (fresh && start > 0) skip = CutTail(all, encoding_, start);
   skip = std::min(skip, all.size());
   const bool undecided = encoding_ == TextEncoding::kUndecided;
-  std::string text = DecodeAs(all.substr(skip), true);
+  std::string text = skip == 0 ? DecodeAs(all, true) : DecodeAs(all.substr(skip), true);
   if (undecided && encoding_ == TextEncoding::kLegacy && skip > 0 && start >= mark) {
     pending_.clear();
     text = DecodeAs(all, true);  // decided legacy: what looked like a cut tail is text
