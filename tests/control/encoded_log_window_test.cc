@@ -99,6 +99,26 @@ TEST_F(EncodedLogWindow, AccentedFilterWordIsHighlightedWhateverItsCase) {
   }
 }
 
+TEST_F(EncodedLogWindow, TheTrimKeepsWholeLinesOfUtf16Text) {
+  RichTextBox& box = Open("trim.log", testing::kUtf16LeMark);
+  options.MaxInputLength = 60;
+  std::string all;
+  for (int i = 0; i < 12; ++i) {
+    const std::string line = "ligne " + std::to_string(i) + " \xC3\xA9t\xC3\xA9 \xF0\x9F\x98\x80\r\n";
+    testing::AppendBytes(log, testing::Utf16Le(line));
+    form->Logic().follower().Timer1_Timer();
+    all += Shown(line);
+  }
+  const std::string shown = box.Text();
+  ASSERT_LT(shown.size(), all.size());
+  // The window holds the newest lines, whole, and no more characters than
+  // the limit and the rest of the line that was cut.
+  const size_t start = all.size() - shown.size();
+  EXPECT_EQ(all.substr(start), shown);
+  EXPECT_EQ(all[start - 1], '\n');
+  EXPECT_LE(QString::fromStdString(shown).size(), 60 + 20);
+}
+
 TEST_F(EncodedLogWindow, CopyAsRtfIsReadBackByUnrtfAsTheShownText) {
   if (!testing::UnrtfInstalled()) GTEST_SKIP() << "unrtf missing (scripts/setup --tests)";
   for (const auto& file : testing::EveryEncoding(kLines, false)) {
