@@ -12,10 +12,11 @@ constexpr char kReplacement[] = "\xEF\xBF\xBD";
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-// The tail of a character cut in two by a read that starts inside it.
-size_t CutTail(const std::string& bytes, TextEncoding e, int64_t offset) {
+// The tail of a character cut in two by a read that starts inside it (at an
+// odd file offset when `odd`).
+size_t CutTail(const std::string& bytes, TextEncoding e, bool odd) {
   if (CodeUnitBytes(e) == 2) {
-    size_t skip = offset % 2 ? 1 : 0;  // units lie at even offsets (the mark is 2 bytes)
+    size_t skip = odd ? 1 : 0;  // units lie at even offsets (the mark is 2 bytes)
     if (bytes.size() >= skip + 2) {
       const auto* p = reinterpret_cast<const unsigned char*>(bytes.data() + skip);
       const unsigned high = e == TextEncoding::kUtf16Be ? p[0] : p[1];
@@ -133,7 +134,7 @@ std::string TextDecoder::Decode(const std::string& bytes) {
 
 std::string TextDecoder::DecodeFresh(const std::string& bytes) {
   Reset();
-  return DecodeAs(bytes.substr(CutTail(bytes, encoding_, 1)), false);
+  return DecodeAs(bytes.substr(CutTail(bytes, encoding_, false)), false);
 }
 
 void TextDecoder::StartFile() {
@@ -171,7 +172,7 @@ std::string TextDecoder::DecodeAt(const std::string& bytes, int64_t offset) {
   const int64_t mark = static_cast<int64_t>(mark_length_);
   size_t skip = 0;
   if (start < mark) skip = static_cast<size_t>(mark - start);  // the mark is never shown
-  else if (fresh && start > 0) skip = CutTail(all, encoding_, start);
+  else if (fresh && start > 0) skip = CutTail(all, encoding_, start % 2 != 0);
   skip = std::min(skip, all.size());
   const bool undecided = encoding_ == TextEncoding::kUndecided;
   std::string text = skip == 0 ? DecodeAs(all, true) : DecodeAs(all.substr(skip), true);

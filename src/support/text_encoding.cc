@@ -20,9 +20,9 @@ ByteOrderMark FindByteOrderMark(std::string_view head, bool* complete) {
   if (StartsWith(head, kUtf8)) return {TextEncoding::kUtf8, 3};
   if (StartsWith(head, kLe)) return {TextEncoding::kUtf16Le, 2};
   if (StartsWith(head, kBe)) return {TextEncoding::kUtf16Be, 2};
-  if (complete && head.size() < 3 && !head.empty())
+  // Shorter than a mark and the beginning of one (or nothing yet): too early to tell.
+  if (complete && head.size() < 3)
     *complete = !StartsWith(kUtf8, head) && !StartsWith(kLe, head) && !StartsWith(kBe, head);
-  if (complete && head.empty()) *complete = false;
   return {};
 }
 
