@@ -4,6 +4,7 @@
 
 #include "session/options.h"
 #include "support/strings.h"
+#include "support/text_case.h"
 #include "support/tokenize.h"
 
 namespace ferrow {
@@ -25,9 +26,10 @@ int TokeniseFilter(std::string& filter, std::vector<std::string>& words) {
 
 bool LineMatchesFilter(const std::string& line, const std::vector<std::string>& words) {
   if (line.empty() || words.empty()) return false;
-  const std::string upper = UpperCase(line);
+  // Text, not names: accented and non-Latin letters match whatever their case.
+  const std::string upper = UpperCaseText(line);
   return std::any_of(words.begin(), words.end(), [&](const std::string& word) {
-    return upper.find(UpperCase(word)) != std::string::npos;
+    return upper.find(UpperCaseText(word)) != std::string::npos;
   });
 }
 

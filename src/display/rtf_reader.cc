@@ -51,8 +51,8 @@ class Reader {
         EndGroup();
       } else if (c == '\\') {
         Control();
-      } else if (c != '\r' && c != '\n') {
-        Byte(c);
+      } else if (c != '\r' && c != '\n' && c != '\0') {
+        Byte(c);  // a NUL is no text: rich-edit controls end their streamed text with one
       }
     }
     Flush();

@@ -30,6 +30,9 @@ void AppendUnicode(std::string& out, char32_t c) {
   } else {
     unit(static_cast<unsigned>(c));
   }
+  // An empty group ends the escape: some readers (unrtf) otherwise drop the
+  // letters that follow a fallback character up to the next space.
+  out += "{}";
 }
 
 void AppendText(std::string& out, const std::string& text) {

@@ -14,7 +14,9 @@
 namespace ferrow {
 
 Follower::Follower(Session& session, FollowWindows& windows)
-    : session_(session), windows_(windows), decoder_(session.env) {}
+    : session_(session), windows_(windows), decoder_(session.env, TextEncoding::kUndecided) {
+  decoder_.StartFile();
+}
 
 void Follower::Timer1_Timer() {
   HasFileChanged(session_.options.FileName, false);
@@ -34,12 +36,14 @@ bool Follower::HasFileChanged(const std::string& file_name, bool limit_high_wate
   if (!measured || env.IsFolder(file_name)) return false;  // gone, hidden or not a file: next tick
   const int64_t length = *measured;
   if (length == 0) {
-    decoder_.Reset();  // emptied: a character held back from before is gone with it
+    // Emptied: a character held back from before is gone with it, and what
+    // is written next may be in another encoding.
+    decoder_.StartFile();
     return false;
   }
   if (length < o.LastFileSize) {
     o.LastFileSize = length;
-    decoder_.Reset();
+    decoder_.StartFile();
   }
   bool result = false;
   if (length - o.LastFileSize > 0) {
@@ -62,10 +66,18 @@ void Follower::ReadChangedFile(const std::string& file_name, int64_t from_pos) {
   if (!FileExists(session_.env, file_name)) return;
   bool message = false;
   int64_t reached = 0;
-  const std::string bytes = ReadFileFromPos(session_.env, file_name, from_pos, &message, &reached);
-  if (message) decoder_.Reset();  // the skipped bytes are never shown
-  AppendTextBlock(session_, windows_.TextWindowBox(), message ? bytes : TextOf(bytes),
-                  session_.options.QuickScroll);
+  std::string head;
+  const std::string bytes = ReadFileFromPos(session_.env, file_name, from_pos, &message, &reached,
+                                            decoder_.WantsHead() ? &head : nullptr);
+  std::string text;
+  if (message) {
+    decoder_.Reset();  // the skipped bytes are never shown
+    text = bytes;
+  } else {
+    if (!head.empty()) decoder_.LookAtHead(head);
+    text = decoder_.DecodeAt(bytes, reached - static_cast<int64_t>(bytes.size()));
+  }
+  AppendTextBlock(session_, windows_.TextWindowBox(), text, session_.options.QuickScroll);
   // The size the display has just reached, not the mark the poll is about to move.
   UpdateCaption(reached);
 }

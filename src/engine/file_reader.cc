@@ -40,10 +40,38 @@ std::optional<std::string> ReadTail(SharedFile& file, int64_t after, int64_t len
   return rest;
 }
 
+// ReadLastLines of a UTF-16 file: the same scan over code units, in blocks
+// that start at even offsets so that no unit is cut in two.
+std::optional<std::string> ReadLastUtf16Lines(SharedFile& file, int64_t length, int32_t lines_to_read,
+                                              int64_t max_bytes,
+                                              const std::function<void()>& between_blocks,
+                                              bool big_endian) {
+  const int64_t units_end = length & ~int64_t{1};
+  const size_t low = big_endian ? 1 : 0;
+  int32_t counter = 0;
+  int64_t newest = -1, cut = -1;  // 0-based offsets of line-feed units
+  for (int64_t block_end = units_end; block_end > 0;) {
+    if (between_blocks) between_blocks();
+    const int64_t block_start = std::max<int64_t>(0, block_end - kBackwardBlock);
+    const std::string block = ReadAt(file, block_start, block_end - block_start);
+    if (static_cast<int64_t>(block.size()) != block_end - block_start) return std::nullopt;
+    for (int64_t o = block_end - 2; o >= block_start; o -= 2) {
+      const size_t i = static_cast<size_t>(o - block_start);
+      if (block[i + low] != '\n' || block[i + 1 - low] != 0 || o + 2 >= length) continue;
+      if (newest < 0) newest = o;
+      if (cut < 0 && newest - o >= max_bytes) cut = o;
+      if (++counter == lines_to_read)
+        return ReadTail(file, std::max(o, cut) + 2, length, max_bytes);
+    }
+    block_end = block_start;
+  }
+  return std::string();
+}
+
 }  // namespace
 
 std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from_pos, bool* message,
-                            int64_t* reached) {
+                            int64_t* reached, std::string* head) {
   if (message) *message = false;
   const int64_t length = env.FileLength(file_name).value_or(0);
   if (reached) *reached = length;
@@ -57,9 +85,15 @@ std::string ReadFileFromPos(Env& env, const std::string& file_name, int64_t from
   }
   auto file = env.OpenShared(file_name);
   if (!file) return {};
+  if (head) *head = from_pos <= 1 ? std::string() : ReadAt(*file, 0, kHeadBytes);
   std::string bytes = ReadAt(*file, from_pos - 1, count);
   if (reached) *reached = from_pos - 1 + static_cast<int64_t>(bytes.size());
   return bytes;
+}
+
+std::string ReadFileHead(Env& env, const std::string& file_name) {
+  auto file = env.OpenShared(file_name);
+  return file ? ReadAt(*file, 0, kHeadBytes) : std::string();
 }
 
 std::optional<int64_t> FileLenFresh(Env& env, const std::string& file_name) {
@@ -69,8 +103,12 @@ std::optional<int64_t> FileLenFresh(Env& env, const std::string& file_name) {
 
 std::optional<std::string> ReadLastLines(SharedFile& file, int64_t length, int32_t lines_to_read,
                                          int64_t max_bytes,
-                                         const std::function<void()>& between_blocks) {
+                                         const std::function<void()>& between_blocks,
+                                         TextEncoding encoding) {
   if (length < 1) return std::string();
+  if (CodeUnitBytes(encoding) == 2)
+    return ReadLastUtf16Lines(file, length, lines_to_read, max_bytes, between_blocks,
+                              encoding == TextEncoding::kUtf16Be);
   int32_t counter = 0;
   int64_t newest = 0;  // the line feed before the newest line
   int64_t cut = 0;     // the line feed beyond which nothing can be shown
@@ -91,12 +129,23 @@ std::optional<std::string> ReadLastLines(SharedFile& file, int64_t length, int32
   return std::string();
 }
 
-std::string ReadFileTail(Env& env, const std::string& file_name, int64_t length, int32_t buffer) {
+std::string ReadFileTail(Env& env, const std::string& file_name, int64_t length, int32_t buffer,
+                         int64_t* offset, int64_t unit_bytes) {
+  int64_t from = 0;
+  if (buffer > 1024 && length + 2 * unit_bytes > buffer * unit_bytes)
+    from = length - (buffer - 2) * unit_bytes;
+  if (offset) *offset = from;
   auto file = env.OpenShared(file_name);
   if (!file) return {};
-  int64_t offset = 0;
-  if (buffer > 1024 && length + 2 > buffer) offset = length - buffer + 2;
-  return ReadAt(*file, offset, static_cast<int64_t>(buffer) + 2);
+  return ReadAt(*file, from, (static_cast<int64_t>(buffer) + 2) * unit_bytes);
+}
+
+std::string ReadBefore(Env& env, const std::string& file_name, int64_t end, int64_t chars,
+                       int64_t unit_bytes, int64_t* offset) {
+  *offset = std::max<int64_t>(0, end - chars * unit_bytes);
+  auto file = env.OpenShared(file_name);
+  if (!file) return {};
+  return ReadAt(*file, *offset, end - *offset);
 }
 
 }  // namespace ferrow

@@ -44,11 +44,15 @@ class Follower {
 
   int16_t TickCount() const { return tick_count_; }
   bool SoundsEnabled() const { return sounds_enabled_; }
-  // A new file or a restart: a character held back from the old one is gone.
-  void ForgetPartialCharacter() { decoder_.Reset(); }
+  // A new file or a restart: a character held back from the old one is gone,
+  // and the file's encoding is decided again from its first bytes.
+  void ForgetPartialCharacter() { decoder_.StartFile(); }
 
  private:
-  std::string TextOf(const std::string& bytes) { return decoder_.Decode(bytes); }
+  // The bytes of the initial load, decoded: the last lines, or the last
+  // buffer-full of characters.
+  std::string ReadLoadText(const std::string& file_name, int64_t length, int32_t lines_to_read,
+                           int32_t buffer, bool* failed);
 
   Session& session_;
   FollowWindows& windows_;

@@ -55,7 +55,7 @@ void Follower::RestartFollowing() {
     return;
   }
   o.LastFileSize = *length;
-  decoder_.Reset();
+  decoder_.StartFile();
 
   session_.ErrorLine = 40;
   if (o.FileSection != "Config") {

@@ -68,6 +68,11 @@ TEST(RtfReader, ColourTableAcceptsBothCasesAndAutoEntry) {
   EXPECT_EQ(doc.runs[2].text, "automissing");
 }
 
+// A rich-edit control streams its text out with a NUL after the document.
+TEST(RtfReader, ANulIsNoText) {
+  EXPECT_EQ(ReadRtf(std::string("{\\rtf1 caf\\'e9 end}\0", 20)).PlainText(), "caf\xC3\xA9 end");
+}
+
 TEST(RtfReader, UnbalancedAndTruncatedInputIsReadAsFarAsItGoes) {
   EXPECT_EQ(ReadRtf("}}}{\\rtf1 a}}}b").PlainText(), "ab");
   EXPECT_EQ(ReadRtf("{\\rtf1 abc\\par de").PlainText(), "abc\nde");

@@ -108,11 +108,22 @@ TEST_F(ChangeDetection, PartialCharacterHeldBackIsDroppedWhenTheFileIsEmptied) {
   EXPECT_EQ(Shown().find("\xEF\xBF\xBD"), std::string::npos);
 }
 
-TEST_F(ChangeDetection, BytesThatAreNotUtf8ShowAsReplacementMarks) {
+// A log in the legacy code page shows its characters, not replacement marks.
+TEST_F(ChangeDetection, BytesThatAreNotUtf8AreReadAsWindows1252) {
   StartAt("");
   Write({"append", log, "bad \xFF\xFE bytes\n"});
   Tick();
-  EXPECT_EQ(Shown(), "bad \xEF\xBF\xBD\xEF\xBF\xBD bytes\n");
+  EXPECT_EQ(Shown(), "bad \xC3\xBF\xC3\xBE bytes\n");
+}
+
+// Once a file has shown UTF-8, bytes that are not show one replacement mark each.
+TEST_F(ChangeDetection, BytesThatAreNotUtf8InAUtf8FileShowAsReplacementMarks) {
+  StartAt("");
+  Write({"append", log, "caf\xC3\xA9\n"});
+  Tick();
+  Write({"append", log, "bad \xFF\xFE bytes\n"});
+  Tick();
+  EXPECT_EQ(Shown(), "caf\xC3\xA9\nbad \xEF\xBF\xBD\xEF\xBF\xBD bytes\n");
 }
 #else
 TEST_F(ChangeDetection, AnsiTextIsShownInTheAnsiCodePage) {

@@ -1,0 +1,21 @@
+#include "support/text_case.h"
+
+#include <gtest/gtest.h>
+
+namespace ferrow {
+namespace {
+
+TEST(UpperCaseText, AccentedGreekAndCyrillicLettersHaveCapitals) {
+  EXPECT_EQ(UpperCaseText("\xC3\xA9\x63hec \xC3\xBF \xC5\x93 \xC4\x8D"),  // échec ÿ œ č
+            "\xC3\x89\x43HEC \xC5\xB8 \xC5\x92 \xC4\x8C");
+  EXPECT_EQ(UpperCaseText("\xCE\xB1\xCF\x82 \xD0\xBE\xD1\x88\xD0\xB8\xD0\xB1\xD0\xBA\xD0\xB0 \xD1\x91"),
+            "\xCE\x91\xCE\xA3 \xD0\x9E\xD0\xA8\xD0\x98\xD0\x91\xD0\x9A\xD0\x90 \xD0\x81");
+}
+
+TEST(UpperCaseText, CapitalsSignsAndIllFormedBytesStayAsTheyAre) {
+  EXPECT_EQ(UpperCaseText("\xC3\x89 \xC3\xB7 \xE2\x82\xAC \xF0\x9F\x98\x80 \xFF\xC3"),
+            "\xC3\x89 \xC3\xB7 \xE2\x82\xAC \xF0\x9F\x98\x80 \xFF\xC3");
+}
+
+}  // namespace
+}  // namespace ferrow
