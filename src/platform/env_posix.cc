@@ -22,6 +22,9 @@ namespace ferrow {
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path);
 bool PosixLastWriteFailureIsPermanent();
+bool PosixFailureIsPermanent(int error);
+std::unique_ptr<ProfileTransaction> PosixBeginProfileTransaction(const std::string& path,
+                                                                 int wait_ms);
 std::string PosixShortDate(const std::tm& when);
 std::string PosixLongDate(const std::tm& when);
 std::string PosixLongTime(const std::tm& when);
@@ -29,6 +32,9 @@ std::string PosixDateSeparator();
 std::unique_ptr<InstanceClaim> PosixClaimInstance(const std::string& name, bool& another_running);
 
 namespace {
+
+// Whether the last OpenStream of this thread failed for good.
+thread_local bool t_open_failure_permanent = false;
 
 class PosixSharedFile : public SharedFile {
  public:
@@ -102,8 +108,18 @@ class PosixEnv : public Env {
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {
-    return std::fopen(PosixPath(path).c_str(), mode);
+    const std::string native = PosixPath(path);
+    std::FILE* stream = std::fopen(native.c_str(), mode);
+    const int error = stream ? 0 : errno;
+    // A file missing from a folder that is there may be put in place yet; a
+    // missing folder (a drive pulled out) will not come back while we wait.
+    std::string folder, leaf;
+    SplitLast(native, folder, leaf);
+    t_open_failure_permanent =
+        error == ENOENT ? !IsFolder(folder) : PosixFailureIsPermanent(error);
+    return stream;
   }
+  bool LastOpenFailureIsPermanent() override { return t_open_failure_permanent; }
 
   bool FindFirstMatch(const std::string& pattern) override {
     std::string folder, leaf, native = PosixPath(pattern);
@@ -119,6 +135,10 @@ class PosixEnv : public Env {
     return PosixWriteProfileString(section, key, value, path);
   }
   bool LastWriteFailureIsPermanent() override { return PosixLastWriteFailureIsPermanent(); }
+  std::unique_ptr<ProfileTransaction> BeginProfileTransaction(const std::string& path,
+                                                              int wait_ms) override {
+    return PosixBeginProfileTransaction(path, wait_ms);
+  }
 
   int RemoveFile(const std::string& path) override {
     return ::unlink(PosixPath(path).c_str()) == 0 ? 0 : errno;
