@@ -13,7 +13,12 @@
 //   store_driver start-close DIR FILE   start-up as the program beside DIR/Ferrow.INI
 //                                       following FILE, then what closing writes;
 //                                       prints "startup_ms:N" and "close_ms:N"
+//   store_driver run DIR FILE           the same, but after start-up prints "ready"
+//                                       and closes only when sent SIGTERM (as at
+//                                       log-off)
 // Captions, and for tidy what it read and what it ended with, go to stdout.
+#include <signal.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
@@ -57,8 +62,24 @@ long MsSince(std::chrono::steady_clock::time_point start) {
                                .count());
 }
 
-// Start-up, then the configuration writes of closing the control window.
-int StartAndClose(const std::string& folder, const std::string& file) {
+// What closing the control window writes, once a file was opened.
+void WriteAtClose(Session& session) {
+  Options& options = session.options;
+  if (GetWriteLock(session, 5)) {
+    SaveFileSettings(session, options.FileSection);
+    SaveCommonSettings(session);
+    ReleaseWriteLock(session);
+  }
+  MergeHistoryAtClose(session);
+}
+
+// Start-up, then the configuration writes of closing the control window:
+// at once, or when SIGTERM arrives.
+int StartAndClose(const std::string& folder, const std::string& file, bool until_term) {
+  sigset_t term;
+  sigemptyset(&term);
+  sigaddset(&term, SIGTERM);
+  if (until_term) ::sigprocmask(SIG_BLOCK, &term, nullptr);
   BesideEnv env(folder);
   Options options;
   HeadlessUi ui;
@@ -67,14 +88,15 @@ int StartAndClose(const std::string& folder, const std::string& file) {
   auto start = std::chrono::steady_clock::now();
   if (!RunStartup(session, {file}, state, nullptr)) return 3;
   std::cout << "startup_ms:" << MsSince(start) << std::endl;
-  start = std::chrono::steady_clock::now();
+  options.FileName = file;
   AddToHistory(options, file);
-  if (GetWriteLock(session, 5)) {
-    SaveFileSettings(session, options.FileSection);
-    SaveCommonSettings(session);
-    ReleaseWriteLock(session);
+  if (until_term) {
+    std::cout << "ready" << std::endl;
+    int signal = 0;
+    ::sigwait(&term, &signal);
   }
-  MergeHistoryAtClose(session);
+  start = std::chrono::steady_clock::now();
+  WriteAtClose(session);
   std::cout << "close_ms:" << MsSince(start) << std::endl;
   return 0;
 }
@@ -124,7 +146,8 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (op == "trim") return TrimFile(session, options.IniFileName, KnownKeys(), true) ? 0 : 3;
-  if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3]);
+  if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3], false);
+  if (op == "run" && argc == 4) return StartAndClose(argv[2], argv[3], true);
   if (op == "claim") {
     bool another = false;
     auto claim = env.ClaimInstance(argv[2], another);
