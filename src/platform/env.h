@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ferrow {
 
@@ -80,6 +81,9 @@ class Env {
   // wildcards, and a last component of "nul" names the null device, which
   // exists in every existing folder.
   virtual bool FindFirstMatch(const std::string& pattern) = 0;
+  // The names (last components only) of every directory entry that matches
+  // `pattern` as FindFirstMatch matches it; "." and ".." never.
+  virtual std::vector<std::string> FindMatches(const std::string& pattern) = 0;
 
   // The profile writer. A null key deletes the section, a null value deletes
   // the key. Returns false when the write could not be done now.
@@ -185,6 +189,9 @@ class EnvWrapper : public Env {
     return target_->OpenStream(p, m);
   }
   bool FindFirstMatch(const std::string& p) override { return target_->FindFirstMatch(p); }
+  std::vector<std::string> FindMatches(const std::string& p) override {
+    return target_->FindMatches(p);
+  }
   bool WriteProfileString(const char* s, const char* k, const char* v,
                           const std::string& p) override {
     return target_->WriteProfileString(s, k, v, p);

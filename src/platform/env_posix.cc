@@ -65,6 +65,23 @@ void SplitLast(const std::string& path, std::string& folder, std::string& leaf) 
   }
 }
 
+// Entries of `folder` matching `leaf`, "." and ".." aside.
+std::vector<std::string> EntriesMatching(const std::string& folder, std::string leaf) {
+  if (leaf == "*.*") leaf = "*";
+  std::vector<std::string> names;
+  DIR* dir = ::opendir(folder.c_str());
+  if (!dir) return names;
+  for (;;) {
+    dirent* entry = ::readdir(dir);
+    if (!entry) break;
+    const std::string name = entry->d_name;
+    if (name != "." && name != ".." && ::fnmatch(leaf.c_str(), name.c_str(), FNM_NOESCAPE) == 0)
+      names.push_back(name);
+  }
+  ::closedir(dir);
+  return names;
+}
+
 bool AnyEntryMatches(const std::string& folder, std::string leaf) {
   // "*.*" is the DOS spelling of "every name", dotted or not. Case counts, as
   // it does for every other name on this file system.
@@ -128,6 +145,12 @@ class PosixEnv : public Env {
     if (leaf.find_first_of("*?") != std::string::npos) return AnyEntryMatches(folder, leaf);
     struct stat info {};
     return ::stat(native.c_str(), &info) == 0;
+  }
+
+  std::vector<std::string> FindMatches(const std::string& pattern) override {
+    std::string folder, leaf;
+    SplitLast(PosixPath(pattern), folder, leaf);
+    return EntriesMatching(folder, leaf);
   }
 
   bool WriteProfileString(const char* section, const char* key, const char* value,

@@ -130,6 +130,19 @@ class WindowsEnv : public Env {
     return true;
   }
 
+  std::vector<std::string> FindMatches(const std::string& pattern) override {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA data;
+    HANDLE h = FindFirstFileA(pattern.c_str(), &data);
+    if (h == INVALID_HANDLE_VALUE) return names;
+    do {
+      const std::string name = data.cFileName;
+      if (name != "." && name != "..") names.push_back(name);
+    } while (FindNextFileA(h, &data));
+    FindClose(h);
+    return names;
+  }
+
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override {
     return WinWriteProfileString(section, key, value, path);

@@ -23,7 +23,9 @@ using testing::TempDir;
 using testing::WriteBytes;
 using Names = std::vector<std::string>;
 
-const std::string kDriver = FERROW_STORE_DRIVER;
+// FERROW_STORE_DRIVER runs the tests against another build's driver.
+const std::string kDriver =
+    std::getenv("FERROW_STORE_DRIVER") ? std::getenv("FERROW_STORE_DRIVER") : FERROW_STORE_DRIVER;
 
 // Rounds of the ten-process test; FERROW_CLOSING_ROUNDS asks for a long run.
 int Rounds() {

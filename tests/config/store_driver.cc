@@ -13,6 +13,10 @@
 //   store_driver start-close DIR FILE   start-up as the program beside DIR/Ferrow.INI
 //                                       following FILE, then what closing writes;
 //                                       prints "startup_ms:N" and "close_ms:N"
+//   store_driver write-loop INI         writes one key over and over until killed
+//   store_driver clean INI              removes what dead writers left beside INI
+//   store_driver hold-profile INI       holds the profile writer's lock, prints
+//                                       "held", waits to be killed
 //   store_driver run DIR FILE           the same, but after start-up prints "ready"
 //                                       and closes only when sent SIGTERM (as at
 //                                       log-off)
@@ -27,8 +31,10 @@
 
 #include "config/history.h"
 #include "config/history_close.h"
+#include "config/ini_file.h"
 #include "config/known_keys.h"
 #include "config/settings.h"
+#include "diag/leftover_files.h"
 #include "diag/trim_file.h"
 #include "startup/startup.h"
 #include "support/paths.h"
@@ -138,6 +144,19 @@ int main(int argc, char** argv) {
     std::cout << "ready" << std::endl;
     while (!env.FileLength(argv[4])) std::this_thread::sleep_for(std::chrono::milliseconds(5));
     return MergeHistoryAtClose(session) ? 0 : 3;
+  }
+  if (op == "write-loop") {
+    for (long i = 0;; ++i) WriteINIFile(env, options.IniFileName, "Common", "Counter", std::to_string(i));
+  }
+  if (op == "clean") {
+    std::cout << "removed:" << RemoveLeftoverFiles(session, options.IniFileName) << "\n";
+    return 0;
+  }
+  if (op == "hold-profile") {
+    auto lock = env.LockProfile(options.IniFileName, 5000);
+    if (!lock) return 3;
+    std::cout << "held\n";
+    WaitToBeKilled();
   }
   if (op == "remove" && argc == 4) return RemoveFromHistory(session, argv[3]) ? 0 : 3;
   if (op == "save" && argc == 5) {

@@ -23,7 +23,9 @@ using testing::Spawn;
 using testing::TempDir;
 using testing::WriteBytes;
 
-const std::string kDriver = FERROW_STORE_DRIVER;
+// FERROW_STORE_DRIVER runs the tests against another build's driver.
+const std::string kDriver =
+    std::getenv("FERROW_STORE_DRIVER") ? std::getenv("FERROW_STORE_DRIVER") : FERROW_STORE_DRIVER;
 constexpr long kStartupBoundMs = 8000;
 constexpr long kCloseBoundMs = 10000;
 
