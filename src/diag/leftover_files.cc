@@ -26,6 +26,7 @@ bool IsWriterTempName(const std::string& name, const std::string& ini_leaf) {
 bool IsTrimTempOf(Env& env, const std::string& path, const std::string& ini_file) {
   const std::string header = kTrimHeaderPrefix;
   const std::string names = " [" + ini_file + "] written at ";
+  if (!env.IsRegularFile(path)) return false;  // a FIFO would keep us waiting
   std::FILE* f = env.OpenStream(path, "rb");
   if (!f) return false;
   std::string start(header.size() + 8 + names.size() + 16, '\0');
