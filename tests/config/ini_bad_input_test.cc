@@ -5,6 +5,7 @@
 #include <random>
 
 #include "config/ini_file.h"
+#include "support/paths.h"
 #include "testing/counting_env.h"
 #include "testing/temp_dir.h"
 
@@ -83,6 +84,13 @@ TEST(IniBadInput, FileInAVanishedFolderGivesEmptyAtOnce) {
   TempDir dir;
   CountingEnv env;
   EXPECT_EQ(ReadINIFile(env, dir.File("gone/Ferrow.INI"), "A", "k"), "");
+  EXPECT_EQ(env.sleeps, 0);
+}
+
+TEST(IniBadInput, WriteIntoAVanishedFolderFailsAtOnce) {
+  TempDir dir;
+  CountingEnv env;
+  EXPECT_FALSE(WriteINIFile(env, JoinPath(dir.File("gone"), "Ferrow.INI"), "Common", "k", "v"));
   EXPECT_EQ(env.sleeps, 0);
 }
 
