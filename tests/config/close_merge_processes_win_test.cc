@@ -1,5 +1,7 @@
 // Windows: ten processes merging their history into one configuration file at
-// the same moment, through the real profile API. Every name must be kept.
+// the same moment, through the real profile API. Every name must be kept. The
+// WriteLock key is stale, so all ten give up waiting for it at the same moment
+// and only the serialisation of the profile service stands between them.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -37,10 +39,10 @@ HANDLE Start(const std::string& command) {
 
 int Rounds() {
   const char* rounds = std::getenv("FERROW_CLOSING_ROUNDS");
-  return rounds && std::atoi(rounds) > 0 ? std::atoi(rounds) : 2;
+  return rounds && std::atoi(rounds) > 0 ? std::atoi(rounds) : 1;
 }
 
-TEST(CloseMergeProcesses, TenProcessesMergingAtOnceKeepEveryName) {
+TEST(CloseMergeProcesses, TenProcessesMergingAtOnceWithoutTheLockKeepEveryName) {
   TempDir dir;
   const std::string ini = dir.File("Ferrow.INI");
   Env& env = *Env::Default();
@@ -48,7 +50,7 @@ TEST(CloseMergeProcesses, TenProcessesMergingAtOnceKeepEveryName) {
   int kept_all = 0;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE("round " + std::to_string(round));
-    WriteBytes(ini, "[Common]\r\nWriteLock=False\r\nHistoryCount=1\r\nHistory1=old.log\r\n");
+    WriteBytes(ini, "[Common]\r\nWriteLock=True\r\nHistoryCount=1\r\nHistory1=old.log\r\n");
     const std::string go = dir.File("go" + std::to_string(round));
     Names expected;
     std::vector<HANDLE> children;
