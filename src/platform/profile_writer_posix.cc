@@ -1,7 +1,9 @@
 // The profile writer on POSIX: the Windows profile API's text rules (see
 // config/profile_text.h) applied under the file's lock, and the result put in
 // place by renaming a flushed temporary file, so that a reader sees either the
-// old file or the new one, never a torn one.
+// old file or the new one, never a torn one. A transaction holds that lock
+// from its read to its commit and writes the file once, however many keys it
+// changed.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
