@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "config/ini_file.h"
+#include "config/ini_transaction.h"
 #include "config/keys.h"
 #include "config/write_lock.h"
 #include "session/session.h"
@@ -23,9 +24,20 @@ bool Holds(const std::vector<std::string>& names, const std::string& name) {
 
 // HistoryCount as a loop bound: its number value, kept within what a 16-bit
 // count can say so that a damaged file cannot keep us reading for ever.
-int HistoryCountValue(Session& s) {
-  double n = Val(ReadINIFile(s.env, s.options.IniFileName, kCommon, keys::HistoryCount.name));
+int HistoryCountValue(const std::string& text) {
+  double n = Val(text);
   return n < 0 ? 0 : n > 32767 ? 32767 : static_cast<int>(n);
+}
+
+std::vector<std::string> UsedEntries(const Options& o) {
+  return {o.HistoryList.begin(), o.HistoryList.begin() + o.HistoryTotal};
+}
+
+// The file now holds what this process holds: that is the list it has seen.
+bool CommitHistory(Session& s, IniTransaction& t) {
+  if (!t.Commit()) return false;
+  s.options.HistorySeen = UsedEntries(s.options);
+  return true;
 }
 
 }  // namespace
@@ -44,7 +56,7 @@ void SetHistory(Options& options, const std::vector<std::string>& names) {
 }
 
 void LoadHistoryAtStartup(Session& s) {
-  int n = HistoryCountValue(s);
+  int n = HistoryCountValue(ReadINIFile(s.env, s.options.IniFileName, kCommon, keys::HistoryCount.name));
   n = std::min<int>(n, keys::HistoryCount.max);
   std::vector<std::string> names;
   for (int i = 1; i <= n; ++i) {
@@ -53,13 +65,15 @@ void LoadHistoryAtStartup(Session& s) {
   }
   if (names.size() > 1) SortHistory(names);
   SetHistory(s.options, names);
+  s.options.HistorySeen = names;
+  s.options.HistoryAdded.clear();
 }
 
-std::vector<std::string> LoadHistory(Session& s) {
-  const int n = HistoryCountValue(s);
+std::vector<std::string> LoadHistory(Session& s, const IniTransaction& t) {
+  const int n = HistoryCountValue(t.Read(kCommon, keys::HistoryCount.name));
   std::vector<std::string> merged;
   for (int i = 1; i <= n && merged.size() < kHistoryLimit; ++i) {
-    std::string name = ReadINIFile(s.env, s.options.IniFileName, kCommon, HistoryKey(i));
+    std::string name = t.Read(kCommon, HistoryKey(i));
     if (!name.empty()) merged.push_back(name);
   }
   const std::vector<std::string> file_side = merged;
@@ -71,15 +85,30 @@ std::vector<std::string> LoadHistory(Session& s) {
   }
   SortHistory(merged);
   SetHistory(s.options, merged);
+  s.options.HistorySeen = file_side;
   return file_side;
 }
 
+std::vector<std::string> LoadHistory(Session& s) {
+  IniTransaction t(s.env, s.options.IniFileName);
+  return LoadHistory(s, t);
+}
+
+void SaveHistory(Session& s, IniTransaction& t) {
+  t.Write(kCommon, keys::HistoryCount.name, std::to_string(s.options.HistoryTotal));
+  for (int i = 1; i <= kHistoryLimit; ++i) t.Write(kCommon, HistoryKey(i), s.options.HistoryList[i - 1]);
+  if (s.options.HistoryTotal == 0) t.Write(kCommon, keys::LastFileSelected, "");
+}
+
 void SaveHistory(Session& s) {
-  const std::string& ini = s.options.IniFileName;
-  WriteINIFile(s.env, ini, kCommon, keys::HistoryCount.name, std::to_string(s.options.HistoryTotal));
-  for (int i = 1; i <= kHistoryLimit; ++i)
-    WriteINIFile(s.env, ini, kCommon, HistoryKey(i), s.options.HistoryList[i - 1]);
-  if (s.options.HistoryTotal == 0) WriteINIFile(s.env, ini, kCommon, keys::LastFileSelected, "");
+  IniTransaction t(s.env, s.options.IniFileName);
+  SaveHistory(s, t);
+  if (!CommitHistory(s, t)) return;
+  // A name the user erased from the list is no longer this process's to keep.
+  auto& added = s.options.HistoryAdded;
+  added.erase(std::remove_if(added.begin(), added.end(),
+                             [&](const std::string& n) { return !Holds(s.options.HistorySeen, n); }),
+              added.end());
 }
 
 bool TidyHistory(Session& s, std::vector<std::string>* file_side) {
@@ -91,9 +120,16 @@ bool TidyHistory(Session& s, std::vector<std::string>* file_side) {
     if (!GetWriteLock(s, 60)) return false;
   }
   s.ui.SetMenuCaption("Ferrow Menu - Tidying the History ...");
-  std::vector<std::string> read = LoadHistory(s);
-  if (file_side) *file_side = std::move(read);
-  SaveHistory(s);
+  {
+    // A file that cannot be read now (its folder gone) leaves the list as it is.
+    IniTransaction t(s.env, s.options.IniFileName);
+    if (t.Began()) {
+      std::vector<std::string> read = LoadHistory(s, t);
+      if (file_side) *file_side = std::move(read);
+      SaveHistory(s, t);
+      CommitHistory(s, t);
+    }
+  }
   ReleaseWriteLock(s);
   return true;
 }
@@ -105,23 +141,34 @@ void AddToHistory(Options& options, const std::string& file_name) {
   list[0] = file_name;
   // Entries 1..HistoryTotal stay the used ones.
   if (options.HistoryTotal < kHistoryLimit) ++options.HistoryTotal;
+  if (!Holds(options.HistoryAdded, file_name)) options.HistoryAdded.push_back(file_name);
 }
 
 bool RemoveFromHistory(Session& s, const std::string& file_name) {
   if (!GetWriteLock(s, 10)) return false;
   const std::string kept_caption = s.ui.MenuCaption();
   s.ui.SetMenuCaption("Ferrow Menu - Updating the History ...");
-  LoadHistory(s);
-  auto& list = s.options.HistoryList;
-  if (!file_name.empty()) {
-    for (int i = 0; i < s.options.HistoryTotal; ++i) {
-      if (!EqualsNoCase(list[i], file_name)) continue;
-      std::move(list.begin() + i + 1, list.begin() + s.options.HistoryTotal, list.begin() + i);
-      list[s.options.HistoryTotal - 1].clear();
-      --s.options.HistoryTotal;
+  {
+    IniTransaction t(s.env, s.options.IniFileName);
+    if (t.Began()) {
+      LoadHistory(s, t);
+      auto& list = s.options.HistoryList;
+      if (!file_name.empty()) {
+        for (int i = 0; i < s.options.HistoryTotal; ++i) {
+          if (!EqualsNoCase(list[i], file_name)) continue;
+          std::move(list.begin() + i + 1, list.begin() + s.options.HistoryTotal, list.begin() + i);
+          list[s.options.HistoryTotal - 1].clear();
+          --s.options.HistoryTotal;
+        }
+        auto& added = s.options.HistoryAdded;
+        added.erase(std::remove_if(added.begin(), added.end(),
+                                   [&](const std::string& n) { return EqualsNoCase(n, file_name); }),
+                    added.end());
+      }
+      SaveHistory(s, t);
+      CommitHistory(s, t);
     }
   }
-  SaveHistory(s);
   s.ui.SetMenuCaption(kept_caption);
   ReleaseWriteLock(s);
   return true;

@@ -9,6 +9,7 @@
 
 namespace ferrow {
 
+class IniTransaction;
 struct Options;
 struct Session;
 
@@ -25,17 +26,22 @@ void LoadHistoryAtStartup(Session& session);
 
 // Merges the file's history with this process's into HistoryList. The process
 // side is walked only as far as the file side's length. Returns the names it
-// read from the file.
+// read from the file. The first form reads within a transaction of the
+// caller's, the second in one of its own.
+std::vector<std::string> LoadHistory(Session& session, const IniTransaction& transaction);
 std::vector<std::string> LoadHistory(Session& session);
 
-// Writes HistoryCount and all 200 History<i> keys (empty ones too).
+// Writes HistoryCount and all 200 History<i> keys (empty ones too): within
+// the caller's transaction, or as one transaction of its own.
+void SaveHistory(Session& session, IniTransaction& transaction);
 void SaveHistory(Session& session);
 
 // The locked merge and rewrite; asks the user once when the lock is held.
 // `file_side`, when given, receives what LoadHistory read. True when done.
 bool TidyHistory(Session& session, std::vector<std::string>* file_side = nullptr);
 
-// Puts a name at the top of the list in memory only.
+// Puts a name at the top of the list in memory only (and remembers it as
+// one this process added).
 void AddToHistory(Options& options, const std::string& file_name);
 
 // The locked removal of a name, as SHIFT+DEL in the file name box asks.

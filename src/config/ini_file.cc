@@ -33,64 +33,110 @@ bool Retry(Env& env, Write write, bool events_after_each) {
   return false;
 }
 
+// The reader's rules for one line at a time: which section the line opens,
+// and whether it holds the wanted key.
+class KeyScan {
+ public:
+  KeyScan(const std::string& section, const std::string& key)
+      : section_(UpperCase(section)), key_(UpperCase(key)) {}
+
+  // False when the search is over; `found` then says whether `value` holds
+  // the key's value.
+  bool Take(const std::string& raw, std::string& value, bool& found) {
+    std::string line = StripEnds(raw, kLineBlanks);
+    if (line.empty()) return true;
+    if (line[0] == '[') {
+      if (inside_) return false;
+      size_t close = line.rfind(']');  // section names may hold "]": log[1].txt
+      if (close != std::string::npos && close + 1 > 2 &&
+          UpperCase(Trim(line.substr(1, close - 1))) == section_)
+        inside_ = true;
+      return true;
+    }
+    if (!inside_) return true;
+    size_t eq = line.find('=');
+    if (eq == std::string::npos || UpperCase(Trim(line.substr(0, eq))) != key_) return true;
+    value = line.substr(eq + 1);
+    size_t comment = value.find(';');
+    if (comment != std::string::npos) value = Trim(value.substr(0, comment));
+    found = true;
+    return false;
+  }
+
+ private:
+  std::string section_, key_;
+  bool inside_ = false;
+};
+
 }  // namespace
 
 std::string ReadINIFile(Env& env, const std::string& file_name, const std::string& section,
                         const std::string& key) {
   if (file_name.empty() || section.empty() || key.empty()) return "";
-  const std::string wanted_section = UpperCase(section);
-  const std::string wanted_key = UpperCase(key);
 
   FileTable files(env);
   int16_t number = files.FOpen(file_name, "r", "ReadINIFile");
-  for (int attempt = 1; number == 0 && attempt < kReadAttempts; ++attempt) {
+  // Only a failure that may pass (a sharing violation) is worth the wait: a
+  // vanished folder or a file we may not read stays so.
+  for (int attempt = 1; number == 0 && attempt < kReadAttempts &&
+                        !env.LastOpenFailureIsPermanent();
+       ++attempt) {
     env.SleepMs(kRetryMs);
     env.LetEventsRun();
     number = files.FOpen(file_name, "r", "ReadINIFile");
   }
   if (number == 0) return "";
 
-  bool inside = false;
-  std::string raw;
-  while (files.LineInput(number, raw) == 0) {
-    std::string line = StripEnds(raw, kLineBlanks);
-    if (line.empty()) continue;
-    if (line[0] == '[') {
-      if (inside) return "";
-      size_t close = line.rfind(']');  // section names may hold "]": log[1].txt
-      if (close != std::string::npos && close + 1 > 2 &&
-          UpperCase(Trim(line.substr(1, close - 1))) == wanted_section)
-        inside = true;
-      continue;
-    }
-    if (!inside) continue;
-    size_t eq = line.find('=');
-    if (eq == std::string::npos || UpperCase(Trim(line.substr(0, eq))) != wanted_key) continue;
-    std::string value = line.substr(eq + 1);
-    size_t comment = value.find(';');
-    if (comment != std::string::npos) value = Trim(value.substr(0, comment));
-    return value;
+  KeyScan scan(section, key);
+  std::string raw, value;
+  bool found = false;
+  while (files.LineInput(number, raw) == 0)
+    if (!scan.Take(raw, value, found)) break;
+  return found ? value : "";
+}
+
+std::string FindINIValue(std::string_view text, const std::string& section,
+                         const std::string& key) {
+  if (section.empty() || key.empty()) return "";
+  KeyScan scan(section, key);
+  std::string value;
+  bool found = false;
+  size_t pos = 0;
+  // Lines end as LineInput ends them: CR LF, CR or LF.
+  while (pos < text.size()) {
+    size_t end = text.find_first_of("\r\n", pos);
+    if (end == std::string_view::npos) end = text.size();
+    if (!scan.Take(std::string(text.substr(pos, end - pos)), value, found)) break;
+    pos = end;
+    if (pos == text.size()) break;
+    if (text[pos++] == '\r' && pos < text.size() && text[pos] == '\n') ++pos;
   }
-  return "";
+  return found ? value : "";
+}
+
+bool WriteINIWith(Env& env, const ProfileWrite& write, const std::string& section,
+                  const std::string& key, const std::string& value) {
+  const std::string stripped = StripEnds(value, kValueBlanks);
+  if (section.empty()) return false;
+  const char* s = section.c_str();
+  if (key.empty()) return Retry(env, [&] { return write(s, nullptr, nullptr); }, false);
+  const char* k = key.c_str();
+  if (!stripped.empty())
+    return Retry(env, [&] { return write(s, k, stripped.c_str()); }, true);
+  if (write(s, k, "")) return true;
+  if (env.LastWriteFailureIsPermanent()) return false;
+  return Retry(env, [&] { return write(s, k, nullptr); }, false);
 }
 
 bool WriteINIFile(Env& env, const std::string& file_name, const std::string& section,
                   const std::string& key, const std::string& value) {
-  const std::string stripped = StripEnds(value, kValueBlanks);
-  if (file_name.empty() || section.empty()) return false;
-  const char* s = section.c_str();
-  if (key.empty()) {
-    return Retry(env, [&] { return env.WriteProfileString(s, nullptr, nullptr, file_name); },
-                 false);
-  }
-  const char* k = key.c_str();
-  if (!stripped.empty()) {
-    return Retry(
-        env, [&] { return env.WriteProfileString(s, k, stripped.c_str(), file_name); }, true);
-  }
-  if (env.WriteProfileString(s, k, "", file_name)) return true;
-  if (env.LastWriteFailureIsPermanent()) return false;
-  return Retry(env, [&] { return env.WriteProfileString(s, k, nullptr, file_name); }, false);
+  if (file_name.empty()) return false;
+  return WriteINIWith(
+      env,
+      [&](const char* s, const char* k, const char* v) {
+        return env.WriteProfileString(s, k, v, file_name);
+      },
+      section, key, value);
 }
 
 bool ReadINIBool(Env& env, const std::string& file_name, const std::string& section,

@@ -4,7 +4,9 @@
 // profile writer. Neither reports anything: "" and false say it all.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 
 namespace ferrow {
 
@@ -26,6 +28,16 @@ bool WriteINIFile(Env& env, const std::string& file_name, const std::string& sec
 // with `value` set false, otherwise.
 bool ReadINIBool(Env& env, const std::string& file_name, const std::string& section,
                  const std::string& key, bool& value);
+
+// ReadINIFile's rules applied to a file's text already in memory.
+std::string FindINIValue(std::string_view text, const std::string& section,
+                         const std::string& key);
+
+// WriteINIFile's rules (the value stripped, the retries, the empty value)
+// over any profile writer: WriteProfileString(section, key, value).
+using ProfileWrite = std::function<bool(const char* section, const char* key, const char* value)>;
+bool WriteINIWith(Env& env, const ProfileWrite& write, const std::string& section,
+                  const std::string& key, const std::string& value);
 
 bool WriteINIBool(Env& env, const std::string& file_name, const std::string& section,
                   const std::string& key, bool value);

@@ -5,6 +5,7 @@
 
 #include "config/history.h"
 #include "config/ini_file.h"
+#include "config/ini_transaction.h"
 #include "config/keys.h"
 #include "config/value_readers.h"
 #include "display/colours.h"
@@ -22,18 +23,22 @@ bool Readable(Session& s, const std::string& ini, const std::string& section) {
   return !section.empty() && FileExists(s.env, ini);
 }
 
-struct SectionWriter {
-  Session& s;
-  const std::string& section;
+// One save is one transaction: another process's save or history merge
+// lands before or after it, never in the middle.
+class SectionWriter {
+ public:
+  SectionWriter(Session& s, const std::string& section)
+      : t_(s.env, s.options.IniFileName), section_(section) {}
+  ~SectionWriter() { t_.Commit(); }
 
-  void String(const char* key, const std::string& value) const {
-    WriteINIFile(s.env, s.options.IniFileName, section, key, value);
-  }
-  void Number(const char* key, int64_t value) const { String(key, std::to_string(value)); }
-  void Colour(const char* key, ferrow::Colour value) const { String(key, ColourToName(value)); }
-  void Bool(const char* key, bool value) const {
-    WriteINIBool(s.env, s.options.IniFileName, section, key, value);
-  }
+  void String(const char* key, const std::string& value) { t_.Write(section_, key, value); }
+  void Number(const char* key, int64_t value) { String(key, std::to_string(value)); }
+  void Colour(const char* key, ferrow::Colour value) { String(key, ColourToName(value)); }
+  void Bool(const char* key, bool value) { t_.WriteBool(section_, key, value); }
+
+ private:
+  IniTransaction t_;
+  const std::string section_;
 };
 
 }  // namespace
@@ -55,7 +60,7 @@ void LoadCommonSettings(Session& s, const std::string& ini) {
 
 void SaveCommonSettings(Session& s) {
   const Options& o = s.options;
-  SectionWriter common{s, keys::kCommon};
+  SectionWriter common(s, keys::kCommon);
   common.String(keys::BrowseStartDir, o.BrowseStartDir);
   common.String(keys::LastFileSelected, o.LastFileSelected);
   common.Number(keys::BufferSizeKb.name, std::llrint(o.MaxInputLength / 1024.0));
@@ -110,7 +115,7 @@ void SaveFileSettings(Session& s, const std::string& section) {
   if (section.empty()) return;
   Options& o = s.options;
   o.FilterString = StripEnds(o.FilterString, "\t\n\r "sv);
-  SectionWriter file{s, section};
+  SectionWriter file(s, section);
   if (o.MenuX > 0) file.Number(keys::MenuX.name, o.MenuX);
   if (o.MenuY > 0) file.Number(keys::MenuY.name, o.MenuY);
   file.Colour(keys::BackColour, o.BackColour);
@@ -132,7 +137,7 @@ void SaveFileSettings(Session& s, const std::string& section) {
 void SaveWindowSettings(Session& s) {
   const Options& o = s.options;
   if (o.FileSection.empty()) return;
-  SectionWriter file{s, o.FileSection};
+  SectionWriter file(s, o.FileSection);
   if (o.FormWidth > keys::kMinSavedFormWidth) file.Number(keys::FormWidth.name, o.FormWidth);
   if (o.FormHeight > keys::kMinSavedFormHeight) file.Number(keys::FormHeight.name, o.FormHeight);
   if (o.FormX > 0) file.Number(keys::FormX.name, o.FormX);

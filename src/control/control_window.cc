@@ -278,9 +278,9 @@ void ControlWindow::Unload() {
       ReleaseWriteLock(session_);
     }
     SetMenuCaption(MenuTitle(" - Updating History ..."));
-    // Merged with what other processes added meanwhile; without the lock,
-    // this window's list as it stands.
-    if (!MergeHistoryAtClose(session_)) SaveHistory(session_);
+    // Merged with what other processes added meanwhile, with or without the
+    // lock: never this window's list over theirs.
+    MergeHistoryAtClose(session_);
     SetMenuCaption(MenuTitle(" - Saving Settings ..."));
   }
   SetMenuCaption(MenuTitle(" - Exiting ..."));

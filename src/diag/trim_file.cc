@@ -23,7 +23,7 @@ bool IsHeader(const std::string& line) {
   return !line.empty() && line[0] == '[' && line.find(']') != std::string::npos;
 }
 constexpr int kProfileLockWaitMs = 5000;
-const std::string kHeaderPrefix = ";Ferrow v";
+const std::string kHeaderPrefix = kTrimHeaderPrefix;
 
 class Trimmer {
  public:
@@ -188,6 +188,12 @@ bool Trimmer::Run(const std::string& file_name, const std::vector<std::string>& 
     const std::tm now = LocalTime(s_.env.Now());
     Put(temp, kHeaderPrefix + kTrimVersion + " [" + file_name + "] written at " +
                   s_.env.SystemShortDate(now) + " " + s_.env.SystemLongTime(now) + "\r\n");
+    // On disk at once: a trim killed from here on leaves a file that says
+    // whose it is, which the next start removes.
+    if (int e = files_.Commit(temp)) {
+      Trap(e);
+      write_failed_ = true;
+    }
     Step(40);
     CopyKnownLines(source, temp, known, filter);
     Step(200);

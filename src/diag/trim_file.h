@@ -14,6 +14,9 @@ struct Session;
 
 // The version this program writes into the header of a trimmed file.
 inline constexpr char kTrimVersion[] = "1.46";
+// The header line of a trimmed file begins so, then the version, then
+// " [" + the file's name + "] written at " and the time.
+inline constexpr char kTrimHeaderPrefix[] = ";Ferrow v";
 
 // Replaces `file_name` whole with the trimmed text, which is first written to
 // a temporary file and synced; any failed write or sync, or a failed

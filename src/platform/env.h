@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ferrow {
 
@@ -35,6 +36,22 @@ class FileLock {
 class InstanceClaim {
  public:
   virtual ~InstanceClaim() = default;
+};
+
+// One read-modify-write of a profile file that no profile write of another
+// process of the program interleaves with. Destroying it ends it; on POSIX
+// writes not committed by then are dropped.
+class ProfileTransaction {
+ public:
+  virtual ~ProfileTransaction() = default;
+  // The file's bytes as this transaction sees them: as they were when it
+  // began, with its own writes applied ("" for a file that does not exist).
+  virtual const std::string& Text() = 0;
+  // Env::WriteProfileString within the transaction; after a failure,
+  // Env::LastWriteFailureIsPermanent tells whether waiting can mend it.
+  virtual bool WriteProfileString(const char* section, const char* key, const char* value) = 0;
+  // Makes the writes the file's, in one step where the platform can.
+  virtual bool Commit() = 0;
 };
 
 class Env {
@@ -64,6 +81,9 @@ class Env {
   // wildcards, and a last component of "nul" names the null device, which
   // exists in every existing folder.
   virtual bool FindFirstMatch(const std::string& pattern) = 0;
+  // The names (last components only) of every directory entry that matches
+  // `pattern` as FindFirstMatch matches it; "." and ".." never.
+  virtual std::vector<std::string> FindMatches(const std::string& pattern) = 0;
 
   // The profile writer. A null key deletes the section, a null value deletes
   // the key. Returns false when the write could not be done now.
@@ -73,6 +93,19 @@ class Env {
   // mend the failure (permission denied, read-only file system, disk full),
   // false when it may pass (a sharing violation, a lock held elsewhere).
   virtual bool LastWriteFailureIsPermanent() = 0;
+
+  // Begins a transaction on the profile file `path`, waiting up to `wait_ms`
+  // while another process holds one (nullptr when it could not begin; then
+  // LastWriteFailureIsPermanent tells why). On POSIX it holds the lock the
+  // profile writer takes; on Windows a mutex per file that every profile
+  // write of the program takes.
+  virtual std::unique_ptr<ProfileTransaction> BeginProfileTransaction(const std::string& path,
+                                                                      int wait_ms) = 0;
+
+  // After OpenStream failed on this thread: true when waiting cannot mend
+  // the failure (a missing file or folder, permission denied, an I/O error),
+  // false when it may pass (a sharing violation).
+  virtual bool LastOpenFailureIsPermanent() = 0;
 
   // 0 on success, like the C library's unlink.
   virtual int RemoveFile(const std::string& path) = 0;
@@ -156,11 +189,19 @@ class EnvWrapper : public Env {
     return target_->OpenStream(p, m);
   }
   bool FindFirstMatch(const std::string& p) override { return target_->FindFirstMatch(p); }
+  std::vector<std::string> FindMatches(const std::string& p) override {
+    return target_->FindMatches(p);
+  }
   bool WriteProfileString(const char* s, const char* k, const char* v,
                           const std::string& p) override {
     return target_->WriteProfileString(s, k, v, p);
   }
   bool LastWriteFailureIsPermanent() override { return target_->LastWriteFailureIsPermanent(); }
+  std::unique_ptr<ProfileTransaction> BeginProfileTransaction(const std::string& p,
+                                                              int w) override {
+    return target_->BeginProfileTransaction(p, w);
+  }
+  bool LastOpenFailureIsPermanent() override { return target_->LastOpenFailureIsPermanent(); }
   int RemoveFile(const std::string& p) override { return target_->RemoveFile(p); }
   bool CopyWholeFile(const std::string& f, const std::string& t) override {
     return target_->CopyWholeFile(f, t);

@@ -22,6 +22,9 @@ namespace ferrow {
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path);
 bool PosixLastWriteFailureIsPermanent();
+bool PosixFailureIsPermanent(int error);
+std::unique_ptr<ProfileTransaction> PosixBeginProfileTransaction(const std::string& path,
+                                                                 int wait_ms);
 std::string PosixShortDate(const std::tm& when);
 std::string PosixLongDate(const std::tm& when);
 std::string PosixLongTime(const std::tm& when);
@@ -29,6 +32,9 @@ std::string PosixDateSeparator();
 std::unique_ptr<InstanceClaim> PosixClaimInstance(const std::string& name, bool& another_running);
 
 namespace {
+
+// Whether the last OpenStream of this thread failed for good.
+thread_local bool t_open_failure_permanent = false;
 
 class PosixSharedFile : public SharedFile {
  public:
@@ -57,6 +63,23 @@ void SplitLast(const std::string& path, std::string& folder, std::string& leaf) 
     folder = slash == 0 ? "/" : path.substr(0, slash);
     leaf = path.substr(slash + 1);
   }
+}
+
+// Entries of `folder` matching `leaf`, "." and ".." aside.
+std::vector<std::string> EntriesMatching(const std::string& folder, std::string leaf) {
+  if (leaf == "*.*") leaf = "*";
+  std::vector<std::string> names;
+  DIR* dir = ::opendir(folder.c_str());
+  if (!dir) return names;
+  for (;;) {
+    dirent* entry = ::readdir(dir);
+    if (!entry) break;
+    const std::string name = entry->d_name;
+    if (name != "." && name != ".." && ::fnmatch(leaf.c_str(), name.c_str(), FNM_NOESCAPE) == 0)
+      names.push_back(name);
+  }
+  ::closedir(dir);
+  return names;
 }
 
 bool AnyEntryMatches(const std::string& folder, std::string leaf) {
@@ -102,8 +125,18 @@ class PosixEnv : public Env {
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {
-    return std::fopen(PosixPath(path).c_str(), mode);
+    const std::string native = PosixPath(path);
+    std::FILE* stream = std::fopen(native.c_str(), mode);
+    const int error = stream ? 0 : errno;
+    // A file missing from a folder that is there may be put in place yet; a
+    // missing folder (a drive pulled out) will not come back while we wait.
+    std::string folder, leaf;
+    SplitLast(native, folder, leaf);
+    t_open_failure_permanent =
+        error == ENOENT ? !IsFolder(folder) : PosixFailureIsPermanent(error);
+    return stream;
   }
+  bool LastOpenFailureIsPermanent() override { return t_open_failure_permanent; }
 
   bool FindFirstMatch(const std::string& pattern) override {
     std::string folder, leaf, native = PosixPath(pattern);
@@ -114,11 +147,21 @@ class PosixEnv : public Env {
     return ::stat(native.c_str(), &info) == 0;
   }
 
+  std::vector<std::string> FindMatches(const std::string& pattern) override {
+    std::string folder, leaf;
+    SplitLast(PosixPath(pattern), folder, leaf);
+    return EntriesMatching(folder, leaf);
+  }
+
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override {
     return PosixWriteProfileString(section, key, value, path);
   }
   bool LastWriteFailureIsPermanent() override { return PosixLastWriteFailureIsPermanent(); }
+  std::unique_ptr<ProfileTransaction> BeginProfileTransaction(const std::string& path,
+                                                              int wait_ms) override {
+    return PosixBeginProfileTransaction(path, wait_ms);
+  }
 
   int RemoveFile(const std::string& path) override {
     return ::unlink(PosixPath(path).c_str()) == 0 ? 0 : errno;

@@ -16,6 +16,15 @@
 #include "support/paths.h"
 
 namespace ferrow {
+
+bool WinWriteProfileString(const char* section, const char* key, const char* value,
+                           const std::string& path);
+bool WinLastWriteFailureIsPermanent();
+bool WinFailureIsPermanent(DWORD error);
+std::unique_ptr<ProfileTransaction> WinBeginProfileTransaction(const std::string& path,
+                                                               int wait_ms);
+std::unique_ptr<FileLock> WinLockProfile(const std::string& path, int wait_ms);
+
 namespace {
 
 // Reading never stands in a writer's way: the writer may go on appending,
@@ -71,12 +80,8 @@ std::string Date(const std::tm& when, DWORD flags) {
   return n > 0 ? std::string(buffer) : std::string();
 }
 
-// Windows serialises profile writes itself; the in-place rewrite of the
-// configuration file relies on the configuration write lock instead.
-class NoLock : public FileLock {};
-
-// Why the last profile write of this thread failed.
-thread_local DWORD t_last_write_error = ERROR_SUCCESS;
+// Why the last OpenStream of this thread failed.
+thread_local DWORD t_last_open_error = ERROR_SUCCESS;
 
 class WindowsEnv : public Env {
  public:
@@ -104,7 +109,17 @@ class WindowsEnv : public Env {
   }
 
   std::FILE* OpenStream(const std::string& path, const char* mode) override {
-    return _fsopen(path.c_str(), mode, _SH_DENYNO);
+    SetLastError(ERROR_SUCCESS);
+    std::FILE* stream = _fsopen(path.c_str(), mode, _SH_DENYNO);
+    t_last_open_error = stream ? ERROR_SUCCESS : GetLastError();
+    return stream;
+  }
+  bool LastOpenFailureIsPermanent() override {
+    // A file missing from a folder that is there may be put in place yet
+    // (ERROR_PATH_NOT_FOUND, a folder gone, is for good). A failure the C
+    // library made without asking the OS (a bad mode) does not pass either.
+    if (t_last_open_error == ERROR_FILE_NOT_FOUND) return false;
+    return t_last_open_error == ERROR_SUCCESS || WinFailureIsPermanent(t_last_open_error);
   }
 
   bool FindFirstMatch(const std::string& pattern) override {
@@ -115,24 +130,27 @@ class WindowsEnv : public Env {
     return true;
   }
 
+  std::vector<std::string> FindMatches(const std::string& pattern) override {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA data;
+    HANDLE h = FindFirstFileA(pattern.c_str(), &data);
+    if (h == INVALID_HANDLE_VALUE) return names;
+    do {
+      const std::string name = data.cFileName;
+      if (name != "." && name != "..") names.push_back(name);
+    } while (FindNextFileA(h, &data));
+    FindClose(h);
+    return names;
+  }
+
   bool WriteProfileString(const char* section, const char* key, const char* value,
                           const std::string& path) override {
-    // Kept at once: whatever runs between the failure and the question may
-    // overwrite the thread's last error.
-    const bool written = WritePrivateProfileStringA(section, key, value, path.c_str()) != 0;
-    t_last_write_error = written ? ERROR_SUCCESS : GetLastError();
-    return written;
+    return WinWriteProfileString(section, key, value, path);
   }
-  bool LastWriteFailureIsPermanent() override {
-    switch (t_last_write_error) {
-      case ERROR_ACCESS_DENIED:
-      case ERROR_WRITE_PROTECT:
-      case ERROR_DISK_FULL:
-      case ERROR_HANDLE_DISK_FULL:
-        return true;
-      default:  // a sharing violation or a lock passes
-        return false;
-    }
+  bool LastWriteFailureIsPermanent() override { return WinLastWriteFailureIsPermanent(); }
+  std::unique_ptr<ProfileTransaction> BeginProfileTransaction(const std::string& path,
+                                                              int wait_ms) override {
+    return WinBeginProfileTransaction(path, wait_ms);
   }
 
   int RemoveFile(const std::string& path) override {
@@ -179,9 +197,8 @@ class WindowsEnv : public Env {
     return IsFolder(folder);
   }
 
-  std::unique_ptr<FileLock> LockProfile(const std::string& path, int) override {
-    if (GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES) return nullptr;
-    return std::make_unique<NoLock>();
+  std::unique_ptr<FileLock> LockProfile(const std::string& path, int wait_ms) override {
+    return WinLockProfile(path, wait_ms);
   }
 
   void SleepMs(int ms) override { Sleep(static_cast<DWORD>(ms)); }

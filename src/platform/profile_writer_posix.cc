@@ -1,7 +1,9 @@
 // The profile writer on POSIX: the Windows profile API's text rules (see
 // config/profile_text.h) applied under the file's lock, and the result put in
 // place by renaming a flushed temporary file, so that a reader sees either the
-// old file or the new one, never a torn one.
+// old file or the new one, never a torn one. A transaction holds that lock
+// from its read to its commit and writes the file once, however many keys it
+// changed.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -81,18 +83,66 @@ bool ReplaceFile(const std::string& native, const std::string& bytes, mode_t mod
   return Fail(error);
 }
 
+// The real path behind `path`: a configuration file that is a symbolic link
+// is written through it, so the link stays and its target takes the new text.
+std::string ResolvedPath(const std::string& path) {
+  std::string native = PosixPath(path);
+  if (char* target = ::realpath(native.c_str(), nullptr)) {
+    native = target;
+    std::free(target);
+  }
+  return native;
+}
+
+// The whole read-modify-write under the writer's lock: the text is read once,
+// every write of the transaction applied to it in memory, and the result put
+// in place by one rename at the commit.
+class PosixProfileTransaction : public ProfileTransaction {
+ public:
+  PosixProfileTransaction(std::string native, std::unique_ptr<PosixFileLock> lock, std::string text,
+                          mode_t mode, bool made_here)
+      : native_(std::move(native)), lock_(std::move(lock)), old_(text), text_(std::move(text)),
+        mode_(mode), made_here_(made_here) {}
+  // A file this transaction had to make in order to lock it, and that it
+  // never wrote, is not left behind.
+  ~PosixProfileTransaction() override {
+    struct stat held {};
+    if (made_here_ && ::fstat(lock_->fd(), &held) == 0 && held.st_size == 0) ::unlink(native_.c_str());
+  }
+
+  const std::string& Text() override { return text_; }
+
+  bool WriteProfileString(const char* section, const char* key, const char* value) override {
+    if (!section) return Fail(EINVAL);
+    std::optional<std::string_view> k, v;
+    if (key) k = key;
+    if (value) v = value;
+    text_ = ApplyProfileWrite(text_, section, k, v);
+    return true;
+  }
+
+  bool Commit() override {
+    if (text_ == old_) return true;
+    if (!ReplaceFile(native_, text_, mode_, lock_->fd())) return false;
+    old_ = text_;
+    made_here_ = false;
+    return true;
+  }
+
+ private:
+  std::string native_;
+  std::unique_ptr<PosixFileLock> lock_;
+  std::string old_, text_;
+  mode_t mode_;
+  bool made_here_;
+};
+
 }  // namespace
 
 bool PosixWriteProfileString(const char* section, const char* key, const char* value,
                              const std::string& path) {
   if (!section || path.empty()) return false;
-  std::string native = PosixPath(path);
-  // A configuration file that is a symbolic link is written through it: the
-  // link stays and its target takes the new text.
-  if (char* target = ::realpath(native.c_str(), nullptr)) {
-    native = target;
-    std::free(target);
-  }
+  const std::string native = ResolvedPath(path);
   const bool deleting = !key || !value;
   struct stat info {};
   if (deleting && ::stat(native.c_str(), &info) != 0) return errno == ENOENT || Fail(errno);
@@ -111,17 +161,53 @@ bool PosixWriteProfileString(const char* section, const char* key, const char* v
   return ReplaceFile(native, new_text, info.st_mode & 07777, lock->fd());
 }
 
-bool PosixLastWriteFailureIsPermanent() {
-  switch (t_last_failure) {
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case ENOSPC:
-    case EDQUOT:
-      return true;
-    default:
+std::unique_ptr<ProfileTransaction> PosixBeginProfileTransaction(const std::string& path,
+                                                                 int wait_ms) {
+  if (path.empty()) {
+    Fail(EINVAL);
+    return nullptr;
+  }
+  std::string native = ResolvedPath(path);
+  struct stat before {};
+  const bool existed = ::stat(native.c_str(), &before) == 0;
+  errno = 0;
+  auto lock = LockPathExclusive(native, /*create=*/true, wait_ms);
+  if (!lock) {
+    Fail(errno);  // 0 when the lock was held too long
+    return nullptr;
+  }
+  std::string text;
+  struct stat info {};
+  if (!ReadAll(lock->fd(), text) || ::fstat(lock->fd(), &info) != 0) {
+    Fail(errno);
+    return nullptr;
+  }
+  return std::make_unique<PosixProfileTransaction>(std::move(native), std::move(lock),
+                                                   std::move(text), info.st_mode & 07777,
+                                                   !existed && info.st_size == 0);
+}
+
+bool PosixFailureIsPermanent(int error) {
+  // Only what waiting can mend is retried: a lock held elsewhere (0), an
+  // interrupted call, a busy resource. A vanished folder (ENOENT, ESTALE),
+  // an I/O error, a permission, a full disk and the rest never pass.
+  switch (error) {
+    case 0:
+    case EINTR:
+    case EAGAIN:
+#if EWOULDBLOCK != EAGAIN
+    case EWOULDBLOCK:
+#endif
+    case EBUSY:
+    case ETXTBSY:
+    case EMFILE:
+    case ENFILE:
       return false;
+    default:
+      return true;
   }
 }
+
+bool PosixLastWriteFailureIsPermanent() { return PosixFailureIsPermanent(t_last_failure); }
 
 }  // namespace ferrow

@@ -64,6 +64,11 @@ struct Options : FileOptions {
   std::string BrowseStartDir = "c:\\";
   std::array<std::string, kHistoryLimit> HistoryList{};  // HistoryList[0] is entry 1
   int16_t HistoryTotal = 0;
+  // The file's history as this process last read or wrote it, and the names
+  // this process added since it started: what the merge at close needs to
+  // tell other processes' new names, its own and old ones apart.
+  std::vector<std::string> HistorySeen;
+  std::vector<std::string> HistoryAdded;
 
   // Following
   int32_t LinesToRead = 0;

@@ -10,6 +10,7 @@
 #include "config/settings.h"
 #include "config/write_lock.h"
 #include "diag/debug_log.h"
+#include "diag/leftover_files.h"
 #include "diag/trim_file.h"
 #include "display/filters.h"
 #include "display/themes.h"
@@ -136,6 +137,7 @@ bool RunStartup(Session& s, const std::vector<std::string>& args, StartupState& 
   o.FileDefaults = static_cast<const FileOptions&>(o);
 
   s.ErrorLine = 150;
+  RemoveLeftoverFiles(s, o.IniFileName);
   TrimWhenAlone(s);
 
   s.ErrorLine = 160;

@@ -54,13 +54,49 @@ TEST_F(HistoryAtClose, KeepsAtMostTwoHundredNamesPreferringThisProcessOnes) {
   EXPECT_EQ(names.front(), "f1001.log");
 }
 
-TEST_F(HistoryAtClose, LeavesFileAndListAloneWhenTheLockIsHeld) {
-  const std::string held = "[Common]\r\nWriteLock=True\r\nHistoryCount=1\r\nHistory1=a.log\r\n";
-  WriteIni(held);
+std::string HistoryText(const std::string& head, const Names& names) {
+  std::string text = head + "HistoryCount=" + std::to_string(names.size()) + "\r\n";
+  for (size_t i = 1; i <= 200; ++i)
+    text += "History" + std::to_string(i) + "=" + (i <= names.size() ? names[i - 1] : "") + "\r\n";
+  return text;
+}
+
+// A stale or busy WriteLock: the close still saves, merged with the file.
+TEST_F(HistoryAtClose, MergesWithTheFileWhenTheLockIsHeld) {
+  WriteIni("[Common]\r\nWriteLock=True\r\nHistoryCount=1\r\nHistory1=a.log\r\n");
+  LoadHistoryAtStartup(session);
+  // Another process adds a name while this one runs, without the lock.
+  WriteINIFile(env, options.IniFileName, "Common", "HistoryCount", "2");
+  WriteINIFile(env, options.IniFileName, "Common", "History2", "other.log");
   AddToHistory(options, "mine.log");
-  EXPECT_FALSE(MergeHistoryAtClose(session));
-  EXPECT_EQ(Ini(), held);
-  EXPECT_EQ(List(), (Names{"mine.log"}));
+  EXPECT_TRUE(MergeHistoryAtClose(session));
+  EXPECT_EQ(Ini(), HistoryText("[Common]\r\nWriteLock=True\r\n", {"a.log", "mine.log", "other.log"}));
+  EXPECT_EQ(List(), (Names{"a.log", "mine.log", "other.log"}));
+}
+
+Names Numbered(const std::string& prefix, int from, int to) {
+  Names names;
+  for (int i = from; i <= to; ++i) names.push_back(prefix + std::to_string(1000 + i) + ".log");
+  return names;
+}
+
+// A full list: what falls off is an old name, never a fresh one of this
+// process or of another.
+TEST(MergeAtClose, FullListDropsOldNamesAndKeepsEveryFreshOne) {
+  const Names seen = Numbered("f", 1, 200);
+  Names file = Numbered("f", 1, 199);  // another process added n.log, losing f1200
+  file.push_back("n.log");
+  Names mine = {"m.log"};
+  const Names more = Numbered("f", 1, 199);
+  mine.insert(mine.end(), more.begin(), more.end());
+  Names expected = Numbered("f", 1, 198);
+  expected.insert(expected.end(), {"m.log", "n.log"});
+  EXPECT_EQ(MergeAtClose(file, mine, seen, {"m.log"}), expected);
+}
+
+TEST(MergeAtClose, KeepsThisProcessSpellingAndDropsDuplicates) {
+  EXPECT_EQ(MergeAtClose({"A.LOG", "b.log"}, {"a.log"}, {"A.LOG", "b.log"}, {}),
+            (Names{"a.log", "b.log"}));
 }
 
 }  // namespace

@@ -198,5 +198,17 @@ TEST_F(HistoryTest, HugeHistoryCountCannotKeepTheReaderBusyForEver) {
   EXPECT_EQ(read, (Names{"a.log"}));
 }
 
+// The 201 history keys are one transaction of the profile service: the only
+// single profile writes are the two of the WriteLock key.
+TEST_F(HistoryTest, TidyWritesTheHistoryAsOneTransaction) {
+  WriteHistory({"b.log"});
+  AddToHistory(options, "a.log");
+  ASSERT_TRUE(TidyHistory(session));
+  EXPECT_EQ(env.writes, 2);
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), "a.log");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History2"), "b.log");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "WriteLock"), "False");
+}
+
 }  // namespace
 }  // namespace ferrow

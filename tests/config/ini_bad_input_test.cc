@@ -5,6 +5,7 @@
 #include <random>
 
 #include "config/ini_file.h"
+#include "support/paths.h"
 #include "testing/counting_env.h"
 #include "testing/temp_dir.h"
 
@@ -43,10 +44,17 @@ TEST(IniBadInput, FileVanishingBetweenRetriesGivesEmptyWithinBudget) {
   class HeldThenGoneEnv : public CountingEnv {
    public:
     std::FILE* OpenStream(const std::string& path, const char* mode) override {
-      if (opens++ == 0) return nullptr;
+      held_ = opens++ == 0;
+      if (held_) return nullptr;
       return CountingEnv::OpenStream(path, mode);
     }
+    bool LastOpenFailureIsPermanent() override {
+      return !held_ && CountingEnv::LastOpenFailureIsPermanent();
+    }
     int opens = 0;
+
+   private:
+    bool held_ = false;
   } env;
   env.on_sleep = [&] {
     if (env.sleeps == 1) Env::Default()->RemoveFile(ini);
@@ -56,7 +64,8 @@ TEST(IniBadInput, FileVanishingBetweenRetriesGivesEmptyWithinBudget) {
   EXPECT_EQ(env.sleeps, 49);
 }
 
-TEST(IniBadInput, UnreadableFileGivesEmptyWithinBudget) {
+// Waiting cannot mend a refusal, so the read gives up at once.
+TEST(IniBadInput, UnreadableFileGivesEmptyAtOnce) {
   TempDir dir;
   const std::string ini = dir.File("locked.ini");
   WriteBytes(ini, "[A]\r\nk=1\r\n");
@@ -65,9 +74,24 @@ TEST(IniBadInput, UnreadableFileGivesEmptyWithinBudget) {
   class DeniedEnv : public CountingEnv {
    public:
     std::FILE* OpenStream(const std::string&, const char*) override { return nullptr; }
+    bool LastOpenFailureIsPermanent() override { return true; }
   } env;
   EXPECT_EQ(ReadINIFile(env, ini, "A", "k"), "");
-  EXPECT_EQ(env.sleeps, 49);
+  EXPECT_EQ(env.sleeps, 0);
+}
+
+TEST(IniBadInput, FileInAVanishedFolderGivesEmptyAtOnce) {
+  TempDir dir;
+  CountingEnv env;
+  EXPECT_EQ(ReadINIFile(env, dir.File("gone/Ferrow.INI"), "A", "k"), "");
+  EXPECT_EQ(env.sleeps, 0);
+}
+
+TEST(IniBadInput, WriteIntoAVanishedFolderFailsAtOnce) {
+  TempDir dir;
+  CountingEnv env;
+  EXPECT_FALSE(WriteINIFile(env, JoinPath(dir.File("gone"), "Ferrow.INI"), "Common", "k", "v"));
+  EXPECT_EQ(env.sleeps, 0);
 }
 
 TEST(IniBadInput, FolderInPlaceOfFileGivesEmpty) {

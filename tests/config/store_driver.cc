@@ -13,7 +13,16 @@
 //   store_driver start-close DIR FILE   start-up as the program beside DIR/Ferrow.INI
 //                                       following FILE, then what closing writes;
 //                                       prints "startup_ms:N" and "close_ms:N"
+//   store_driver write-loop INI         writes one key over and over until killed
+//   store_driver clean INI              removes what dead writers left beside INI
+//   store_driver hold-profile INI       holds the profile writer's lock, prints
+//                                       "held", waits to be killed
+//   store_driver run DIR FILE           the same, but after start-up prints "ready"
+//                                       and closes only when sent SIGTERM (as at
+//                                       log-off)
 // Captions, and for tidy what it read and what it ended with, go to stdout.
+#include <signal.h>
+
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
@@ -22,8 +31,10 @@
 
 #include "config/history.h"
 #include "config/history_close.h"
+#include "config/ini_file.h"
 #include "config/known_keys.h"
 #include "config/settings.h"
+#include "diag/leftover_files.h"
 #include "diag/trim_file.h"
 #include "startup/startup.h"
 #include "support/paths.h"
@@ -57,8 +68,24 @@ long MsSince(std::chrono::steady_clock::time_point start) {
                                .count());
 }
 
-// Start-up, then the configuration writes of closing the control window.
-int StartAndClose(const std::string& folder, const std::string& file) {
+// What closing the control window writes, once a file was opened.
+void WriteAtClose(Session& session) {
+  Options& options = session.options;
+  if (GetWriteLock(session, 5)) {
+    SaveFileSettings(session, options.FileSection);
+    SaveCommonSettings(session);
+    ReleaseWriteLock(session);
+  }
+  MergeHistoryAtClose(session);
+}
+
+// Start-up, then the configuration writes of closing the control window:
+// at once, or when SIGTERM arrives.
+int StartAndClose(const std::string& folder, const std::string& file, bool until_term) {
+  sigset_t term;
+  sigemptyset(&term);
+  sigaddset(&term, SIGTERM);
+  if (until_term) ::sigprocmask(SIG_BLOCK, &term, nullptr);
   BesideEnv env(folder);
   Options options;
   HeadlessUi ui;
@@ -67,14 +94,15 @@ int StartAndClose(const std::string& folder, const std::string& file) {
   auto start = std::chrono::steady_clock::now();
   if (!RunStartup(session, {file}, state, nullptr)) return 3;
   std::cout << "startup_ms:" << MsSince(start) << std::endl;
-  start = std::chrono::steady_clock::now();
+  options.FileName = file;
   AddToHistory(options, file);
-  if (GetWriteLock(session, 5)) {
-    SaveFileSettings(session, options.FileSection);
-    SaveCommonSettings(session);
-    ReleaseWriteLock(session);
+  if (until_term) {
+    std::cout << "ready" << std::endl;
+    int signal = 0;
+    ::sigwait(&term, &signal);
   }
-  MergeHistoryAtClose(session);
+  start = std::chrono::steady_clock::now();
+  WriteAtClose(session);
   std::cout << "close_ms:" << MsSince(start) << std::endl;
   return 0;
 }
@@ -117,6 +145,19 @@ int main(int argc, char** argv) {
     while (!env.FileLength(argv[4])) std::this_thread::sleep_for(std::chrono::milliseconds(5));
     return MergeHistoryAtClose(session) ? 0 : 3;
   }
+  if (op == "write-loop") {
+    for (long i = 0;; ++i) WriteINIFile(env, options.IniFileName, "Common", "Counter", std::to_string(i));
+  }
+  if (op == "clean") {
+    std::cout << "removed:" << RemoveLeftoverFiles(session, options.IniFileName) << "\n";
+    return 0;
+  }
+  if (op == "hold-profile") {
+    auto lock = env.LockProfile(options.IniFileName, 5000);
+    if (!lock) return 3;
+    std::cout << "held\n";
+    WaitToBeKilled();
+  }
   if (op == "remove" && argc == 4) return RemoveFromHistory(session, argv[3]) ? 0 : 3;
   if (op == "save" && argc == 5) {
     options.FontSize = static_cast<int16_t>(std::atoi(argv[4]));
@@ -124,7 +165,8 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (op == "trim") return TrimFile(session, options.IniFileName, KnownKeys(), true) ? 0 : 3;
-  if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3]);
+  if (op == "start-close" && argc == 4) return StartAndClose(argv[2], argv[3], false);
+  if (op == "run" && argc == 4) return StartAndClose(argv[2], argv[3], true);
   if (op == "claim") {
     bool another = false;
     auto claim = env.ClaimInstance(argv[2], another);

@@ -23,6 +23,12 @@ std::vector<std::string> Unprivileged(std::vector<std::string> args);
 // Waits for the process; its exit code, or -1 when it did not exit normally.
 int WaitExit(pid_t pid);
 
+// WaitExit, but a process still running after `seconds` is killed: -2.
+int WaitExitWithin(pid_t pid, int seconds);
+
+// Waits up to `seconds` until the file at `path` holds `text`.
+bool WaitForText(const std::string& path, const std::string& text, int seconds);
+
 // True when `text` is whole CR LF lines, each a section header, a key=value
 // line, a comment or blank (NUL padding at the end aside); otherwise `why`
 // says what is wrong.
