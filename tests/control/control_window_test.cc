@@ -226,6 +226,25 @@ TEST_F(ControlWindowTest, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesT
   EXPECT_TRUE(options.PlaySoundOnUpdate);
 }
 
+TEST_F(ControlWindowTest, EnterWithTheListDroppedDownPicksTheHighlightedEntryThenOpensItWithItsOwnSettings) {
+  const std::string first = MakeLog("first.log", "x\r\n");
+  const std::string picked = MakeLog("picked.log", "y\r\n");
+  WriteIni("[Common]\r\nHistoryCount=2\r\nHistory1=" + first + "\r\nHistory2=" + picked +
+           "\r\n[picked.log]\r\nMenuX=10\r\nPlaySoundOnUpdate=False\r\n");
+  LoadHistoryAtStartup(app);
+  menu.Form_Load();
+  Type(first);
+  menu.OK_Click();
+  view.SetValue(Control::chkPlaySound, 1);  // the first file's box, left on
+  menu.chkPlaySound_Click();
+  view.highlighted = 1;                     // arrowed down to picked.log
+  view.controls[Control::cmbFileName].text = picked;  // the box shows it, not picked yet
+  EXPECT_TRUE(menu.KeyDown(Control::cmbFileName, keys_down::kEnter, 0));
+  EXPECT_EQ(options.FileName, picked);
+  EXPECT_FALSE(options.PlaySoundOnUpdate) << "the file's own setting, not the previous file's box";
+  EXPECT_EQ(view.Value(Control::chkPlaySound), 0);
+}
+
 TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowItsOwnPath) {
   HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
   app.helper = &library;
