@@ -149,6 +149,20 @@ TEST_F(FerrowExe, TwoProcessesClosedWhileOpeningOnAFreshConfigurationBothLeaveTh
             "HISTORY1=" + Upper(a) + "\r\nHISTORY2=" + Upper(b) + "\r\n");
 }
 
+// The window manager's close request and Alt+F4 arrive as SC_CLOSE: the
+// program ends and saves as on its Close button.
+TEST_F(FerrowExe, TheSystemCloseCommandEndsTheProgramAndSaves) {
+  WriteBytes(log, Lines(1, 2));
+  ASSERT_TRUE(ferrow.Start("\"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  PostMessageA(ferrow.ControlWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  ASSERT_TRUE(ferrow.Ended());
+  EXPECT_EQ(ferrow.ExitCode(), 0u);
+  const std::string ini = Upper(ReadBytes(ferrow.IniPath()));
+  EXPECT_NE(ini.find("[APP.LOG]"), std::string::npos) << ini;
+  EXPECT_NE(ini.find("HISTORY1=" + Upper(log) + "\r\n"), std::string::npos) << ini;
+}
+
 TEST_F(FerrowExe, AMissingFileShowsTheFileAccessErrorBox) {
   const std::string missing = ferrow.dir().File("gone.log");
   ASSERT_TRUE(ferrow.Start("\"" + missing + "\""));
