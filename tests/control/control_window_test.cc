@@ -342,6 +342,26 @@ TEST_F(ControlWindowTest, OpenRestartAndUnloadAskedForDuringAnOpenNeverRunInside
   EXPECT_EQ(view.brought_to_front, 0) << "nothing comes back once closing";
 }
 
+// The close box pressed while the open writes the settings, before the text
+// window exists: the file named is kept in the history and its section saved.
+TEST_F(ControlWindowTest, ClosingWhileTheOpenWritesTheSettingsKeepsTheFileInTheHistory) {
+  const std::string log = MakeLog("early.log", "x\r\n");
+  menu.Form_Load();
+  Type(log);
+  bool asked = false;
+  env.on_events = [&] {
+    if (asked || !windows.made.empty()) return;
+    asked = true;
+    menu.Form_Unload();
+  };
+  menu.OK_Click();
+  ASSERT_TRUE(asked) << "no events ran before the text window";
+  EXPECT_TRUE(menu.Unloaded());
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
+  EXPECT_FALSE(ReadINIFile(env, options.IniFileName, "early.log", "MenuX").empty());
+}
+
 TEST_F(ControlWindowTest, ClosingTheTextWindowPausesFollowingAndSaysSo) {
   const std::string log = MakeLog("web.log", "x\r\n");
   menu.Form_Load();
