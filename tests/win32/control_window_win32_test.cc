@@ -17,6 +17,7 @@
 #include "win32/control_ids.h"
 #include "win32/about_view.h"
 #include "win32/event_passes.h"
+#include "win32/input_box_view.h"
 #include "win32/message_loop.h"
 #include "win32/settings_view.h"
 
@@ -313,6 +314,51 @@ TEST_F(Win32ControlWindowTest, TheSettingsDialogGivesTheKeyboardBackWhenActivate
   EXPECT_EQ(GetFocus(), quick);
   SendMessageA(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
   EXPECT_FALSE(IsWindowVisible(settings));
+}
+
+// Letters in the settings dialog press none of its buttons either ("&Apply",
+// "&Close"), wherever the keyboard is.
+TEST_F(Win32ControlWindowTest, APlainLetterInTheSettingsDialogPressesNoButton) {
+  window->Logic().Form_Load();
+  window->OpenSettings(window->Logic());
+  HWND settings = FindWindowA("FerrowSettings", nullptr);
+  ASSERT_TRUE(settings);
+  for (SettingsControl focused : {SettingsControl::kQuickScroll, SettingsControl::kRevertWav, SettingsControl::kOK}) {
+    HWND control = GetDlgItem(settings, Win32SettingsDialog::IdOf(focused));
+    SetFocus(control);
+    for (WPARAM letter : {'c', 'a', 'C', 'A'}) {
+      MSG message{control, WM_CHAR, letter, 1, 0, {}};
+      DispatchOne(message);
+      PumpMessages();
+    }
+  }
+  EXPECT_TRUE(IsWindowVisible(settings));
+  EXPECT_EQ(Ini().find("ThemeNumber"), std::string::npos) << "nothing was saved: " << Ini();
+  SendMessageA(settings, WM_CLOSE, 0, 0);
+}
+
+// The input box too: back from another window, its focused button has the
+// keyboard again, and Escape there cancels at once.
+TEST_F(Win32ControlWindowTest, TheInputBoxGivesTheKeyboardBackWhenActivatedAgain) {
+  window->Logic().Form_Load();
+  InputBoxSlot slot([this](const std::shared_ptr<InputBox>& box) -> InputView& {
+    return (new Win32InputBox(session.gate, box))->View();
+  });
+  const std::shared_ptr<InputBox> box = slot.Load();
+  box->View()->Show();
+  HWND input = FindWindowA("FerrowInputBox", nullptr);
+  ASSERT_TRUE(input);
+  HWND ok = GetDlgItem(input, Win32InputBox::kIdOK);
+  SetFocus(ok);
+  SetActiveWindow(window->Handle());
+  PumpMessages();
+  ASSERT_NE(GetFocus(), ok);
+  SetActiveWindow(input);
+  PumpMessages();
+  EXPECT_EQ(GetFocus(), ok);
+  SendMessageA(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
+  EXPECT_TRUE(box->InputDone);
+  EXPECT_FALSE(box->Loaded());
 }
 
 }  // namespace
