@@ -53,8 +53,9 @@ void AboutWindow::Command1_Click() {
   Unload();
 }
 
+// Enter presses the focused OK as on any button of the system's dialogs.
 bool AboutWindow::Command1_KeyDown(int key_code) {
-  if (key_code != kKeyEscape) return false;
+  if (key_code != kKeyEscape && key_code != kKeyReturn) return false;
   Command1_Click();
   return true;
 }

@@ -44,7 +44,8 @@ class AboutWindow {
   void lblWebsite_MouseMove();
   void Form_MouseMove();
   void Command1_Click();
-  // Escape on the OK button closes the window; true when that was the key.
+  // Escape or Enter on the OK button closes the window; true when that was
+  // the key.
   bool Command1_KeyDown(int key_code);
   // The window is closing, whoever closed it.
   void Form_Unload();

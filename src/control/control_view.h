@@ -33,7 +33,8 @@ class ControlView {
   virtual void ShowMinimised() = 0;
   virtual void BringToFront() = 0;
   virtual void CentreOnScreen() = 0;
-  // Removes the separator, Size and Maximize from the system menu, by position.
+  // Removes the separator before Close, Size and Maximize from the system
+  // menu, by what they are (SystemMenuEntriesToRemove); Close stays.
   virtual void TrimSystemMenu() = 0;
   // The unload is over: the window goes.
   virtual void CloseWindow() = 0;

@@ -227,7 +227,11 @@ bool ControlWindow::KeyDown(Control control, int key_code, int shift) {
   }
   if (control == Control::cmbFileName) {
     // Taken here, where the key first arrives, so that one ENTER opens once.
+    // With the list dropped down, ENTER picks the highlighted entry first:
+    // the pick grays the check boxes, so the new file opens with its own
+    // settings, not the previous file's.
     if (key_code == kEnter) {
+      PickHighlightedEntry();
       cmbFileName_KeyPress(13);
       return true;
     }

@@ -145,6 +145,10 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   // The history entry the user sees: the highlighted one while the list is
   // dropped down, else the one the box shows; -1 when none.
   int ShownHistoryIndex();
+  // An open stopped by the program closing: the file counts as opened.
+  void KeepOpenedForUnload();
+  // The entry highlighted in the dropped-down list, picked as a click picks.
+  void PickHighlightedEntry();
 
   Session& session_;
   ControlView& view_;

@@ -31,6 +31,15 @@ void ControlWindow::cmbFileName_Click() {
   view_.SetEnabled(Control::cmdLink, session_.options.HelperLibraryVersion > 0);
 }
 
+void ControlWindow::PickHighlightedEntry() {
+  const int index = view_.HighlightedListIndex();
+  if (index < 0) return;
+  const std::vector<std::string> list = view_.List();
+  if (static_cast<size_t>(index) >= list.size()) return;
+  view_.SetText(Control::cmbFileName, list[static_cast<size_t>(index)]);
+  cmbFileName_Click();
+}
+
 void ControlWindow::cmbFileName_GotFocus() { view_.SelectBoxText(); }
 
 void ControlWindow::cmbFileName_KeyPress(int character) {

@@ -60,7 +60,6 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
     SaveCommonSettings(session_);
   }
   SuppressSettingsSave = false;
-  if (gate.Closing()) return;
 
   o.LastFileSize = env.FileLength(o.FileName).value_or(0);
   o.FileSection = section;
@@ -82,6 +81,14 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
   apply(Control::chkMinimise, o.HideMenuOnStartup);
   UpdateCheckboxes();
   RebuildFilterWords(o);
+  // Asked to close while the settings were written (their writes let events
+  // run, and a close box's WM_CLOSE comes in then): the file the user named
+  // is the one followed now, so the unload saves its section and its name
+  // in the history, as when the close comes during the load.
+  if (gate.Closing()) {
+    KeepOpenedForUnload();
+    return;
+  }
 
   if (startup_mode && !view_.Minimised()) {
     view_.MoveTwips(o.MenuX > 0 ? o.MenuX : view_.LeftTwips(), o.MenuY > 0 ? o.MenuY : view_.TopTwips());
@@ -97,8 +104,7 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
   box.SetFontBold(o.FontBold);
   if (o.BringFromStartOfFile) follower_.LoadFileToTextBox(o.FileName, box, o.LinesToRead);
   if (gate.Closing()) {  // the file is open: the unload that follows saves it and its history
-    AddToHistory(o, o.FileName);
-    FileOpened = true;
+    KeepOpenedForUnload();
     return;
   }
   // The size at once, also when nothing was brought from the file.
@@ -117,6 +123,14 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
   view_.SetTimerInterval(o.TimerInterval);
   SetTimerEnabled(true);
   follower_.CheckPauseCaption();
+  FileOpened = true;
+}
+
+// The unload takes the history's count from the list it shows, so the list
+// holds the new name before the unload runs.
+void ControlWindow::KeepOpenedForUnload() {
+  AddToHistory(session_.options, session_.options.FileName);
+  FillHistoryList();
   FileOpened = true;
 }
 

@@ -15,7 +15,8 @@ class WindowServices {
   virtual void Message(const std::string& text, const std::string& title, MessageIcon icon) = 0;
   virtual bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) = 0;
   // A file chosen in the open-file dialog, or "" when cancelled. `filter` is
-  // in the "Name|*.ext|Name|*.ext|" form.
+  // in the "Name|*.ext|Name|*.ext|" form. `start_folder` is a folder, or a
+  // file's path: the dialog then starts in its folder with its name filled in.
   virtual std::string OpenFileName(const std::string& title, const std::string& filter,
                                    const std::string& start_folder) = 0;
 };

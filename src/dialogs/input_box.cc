@@ -26,6 +26,20 @@ void InputBox::cmdCancel_Click() {
   Unload();
 }
 
+bool InputBox::cmdOK_KeyDown(int key_code) {
+  if (!view_) return false;
+  if (key_code == kKeyReturn || key_code == kKeySpace) cmdOK_Click();
+  else if (key_code == kKeyEscape) cmdCancel_Click();
+  else return false;
+  return true;
+}
+
+bool InputBox::cmdCancel_KeyDown(int key_code) {
+  if (!view_ || (key_code != kKeyReturn && key_code != kKeySpace && key_code != kKeyEscape)) return false;
+  cmdCancel_Click();
+  return true;
+}
+
 bool InputBox::txtInput_KeyDown(int key_code) {
   if (!view_) return false;
   if (key_code == kKeyReturn || key_code == kKeyLineFeed) {

@@ -46,6 +46,10 @@ class InputBox {
   // Enter (13) or line feed (10) confirms, Escape (27) cancels; true when
   // the key was one of them. Other keys edit the text.
   bool txtInput_KeyDown(int key_code);
+  // Keys on the focused OK or Cancel: Enter and Space press that button,
+  // Escape cancels; true when the key was one of them.
+  bool cmdOK_KeyDown(int key_code);
+  bool cmdCancel_KeyDown(int key_code);
   // The close box answers as Cancel does; the window always closes.
   void Form_QueryUnload();
   // The window was destroyed: the box is unloaded, and a wait still running

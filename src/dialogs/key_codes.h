@@ -7,5 +7,6 @@ namespace ferrow {
 inline constexpr int kKeyLineFeed = 10;
 inline constexpr int kKeyReturn = 13;
 inline constexpr int kKeyEscape = 27;
+inline constexpr int kKeySpace = 32;
 
 }  // namespace ferrow

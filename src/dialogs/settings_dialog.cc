@@ -78,6 +78,24 @@ bool SettingsDialog::Control_KeyDown(int key_code) {
   return false;
 }
 
+// A focused button is pressed by Enter as by Space, as in the system's own
+// dialogs: Enter on Close must not apply.
+bool SettingsDialog::cmdOK_KeyDown(int key_code) {
+  if (key_code == kKeyReturn || key_code == kKeySpace) {
+    cmdOK_Click();
+    return true;
+  }
+  if (key_code != kKeyEscape) return false;
+  cmdCancel_Click();
+  return true;
+}
+
+bool SettingsDialog::cmdCancel_KeyDown(int key_code) {
+  if (key_code != kKeyReturn && key_code != kKeySpace && key_code != kKeyEscape) return false;
+  cmdCancel_Click();
+  return true;
+}
+
 void SettingsDialog::SaveSettings() {
   SaveFileSettings(session_, session_.options.FileSection);
   SaveCommonSettings(session_);

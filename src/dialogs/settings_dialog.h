@@ -48,9 +48,14 @@ class SettingsDialog {
   void chkNiceMode_Click();
   void chkPlaySound_Click();
   void chkQuickScroll_Click();
-  // Every control's key-down: Enter applies, Escape closes. True when the
+  // The key-down of every control but Apply and Close: Enter applies,
+  // Escape closes. True when the
   // key was one of them (the window then does nothing more with it).
   bool Control_KeyDown(int key_code);
+  // Keys on the focused Apply and Close buttons: Enter and Space press that
+  // button, Escape closes. True when the key was one of them.
+  bool cmdOK_KeyDown(int key_code);
+  bool cmdCancel_KeyDown(int key_code);
   // The window is asked to close (its close box, or the window closing
   // itself): false keeps it open.
   bool Form_QueryUnload();

@@ -17,6 +17,8 @@ inline int KeyCodeOf(const QEvent* event) {
       return kKeyReturn;
     case Qt::Key_Escape:
       return kKeyEscape;
+    case Qt::Key_Space:
+      return kKeySpace;
     default:
       return 0;
   }

@@ -42,6 +42,8 @@ frmInputBox::frmInputBox(std::shared_ptr<InputBox> logic, QWidget* parent)
   connect(cmdOK, &QPushButton::clicked, this, &frmInputBox::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmInputBox::cmdCancel_Click);
   txtInput->installEventFilter(this);
+  cmdOK->installEventFilter(this);
+  cmdCancel->installEventFilter(this);
 }
 
 frmInputBox::~frmInputBox() {
@@ -75,8 +77,10 @@ void frmInputBox::Show() {
 }
 
 bool frmInputBox::eventFilter(QObject* watched, QEvent* event) {
-  const int key = watched == txtInput ? KeyCodeOf(event) : 0;
-  if (key && logic_->txtInput_KeyDown(key)) return true;
+  const int key = KeyCodeOf(event);
+  if (key && watched == txtInput && logic_->txtInput_KeyDown(key)) return true;
+  if (key && watched == cmdOK && logic_->cmdOK_KeyDown(key)) return true;
+  if (key && watched == cmdCancel && logic_->cmdCancel_KeyDown(key)) return true;
   return QWidget::eventFilter(watched, event);
 }
 

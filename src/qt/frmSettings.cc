@@ -155,7 +155,11 @@ void frmSettings::CentreOnScreen() {
 
 bool frmSettings::eventFilter(QObject* watched, QEvent* event) {
   const int key = KeyCodeOf(event);
-  if (key && logic_.Control_KeyDown(key)) return true;
+  if (!key) return QWidget::eventFilter(watched, event);
+  const bool taken = watched == cmdOK       ? logic_.cmdOK_KeyDown(key)
+                     : watched == cmdCancel ? logic_.cmdCancel_KeyDown(key)
+                                            : logic_.Control_KeyDown(key);
+  if (taken) return true;
   return QWidget::eventFilter(watched, event);
 }
 

@@ -82,7 +82,39 @@ void Win32AboutWindow::SetTitle(const std::string& text) {
 }
 
 void Win32AboutWindow::SetInformation(const std::string& text) {
-  SetWindowTextA(Item(kIdInformation), ToAnsi(WithCrLf(text)).c_str());
+  const std::string shown = ToAnsi(WithCrLf(text));
+  SetWindowTextA(Item(kIdInformation), shown.c_str());
+  FitInformation(shown);
+}
+
+// The label takes the height its whole text needs at its width, and the link,
+// OK and the window move down with it: the usage text's length is the
+// program's, not the layout's.
+void Win32AboutWindow::FitInformation(const std::string& shown) {
+  HWND label = Item(kIdInformation);
+  RECT bounds{};
+  GetWindowRect(label, &bounds);
+  MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&bounds), 2);
+  RECT needed{0, 0, bounds.right - bounds.left, 0};
+  HDC dc = GetDC(label);
+  HGDIOBJ old = SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(label, WM_GETFONT, 0, 0)));
+  DrawTextA(dc, shown.c_str(), -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX | DT_EXPANDTABS);
+  SelectObject(dc, old);
+  ReleaseDC(label, dc);
+  const int grow = needed.bottom + Scaled(4) - (bounds.bottom - bounds.top);
+  if (grow <= 0) return;
+  SetWindowPos(label, nullptr, 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top + grow,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  for (int id : {kIdWebsite, kIdOK}) {
+    RECT r{};
+    GetWindowRect(Item(id), &r);
+    MapWindowPoints(nullptr, Handle(), reinterpret_cast<POINT*>(&r), 2);
+    SetWindowPos(Item(id), nullptr, r.left, r.top + grow, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  RECT frame{};
+  GetWindowRect(Handle(), &frame);
+  SetWindowPos(Handle(), nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top + grow,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32AboutWindow::SetWebsite(const std::string& address) {

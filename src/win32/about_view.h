@@ -33,6 +33,7 @@ class Win32AboutWindow : public DialogWindow, private AboutView {
   void SetCaption(const std::string& caption) override { SetWindowCaption(caption); }
   void SetTitle(const std::string& text) override;
   void SetInformation(const std::string& text) override;
+  void FitInformation(const std::string& shown);
   void SetWebsite(const std::string& address) override;
   void SetWebsiteColours(SystemColour text, SystemColour background) override;
   void OpenAddress(const std::string& address) override;

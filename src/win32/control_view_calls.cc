@@ -2,6 +2,9 @@
 // the timer and the sound.
 #include <windows.h>
 
+#include <vector>
+
+#include "control/system_menu.h"
 #include "win32/ansi_text.h"
 #include "win32/control_ids.h"
 #include "win32/control_window_view.h"
@@ -54,15 +57,34 @@ void Win32ControlWindow::BringToFront() {
 
 void Win32ControlWindow::CentreOnScreen() { CentreOnWorkArea(hwnd_); }
 
-// With n entries: remove n-2, then n-5, then n-4, each in the menu as it
-// then stands (the separator, Size and Maximize of the standard seven).
+namespace {
+
+SystemMenuEntry EntryOf(HMENU menu, int position) {
+  MENUITEMINFOA item{};
+  item.cbSize = sizeof(item);
+  item.fMask = MIIM_FTYPE | MIIM_ID;
+  if (!GetMenuItemInfoA(menu, static_cast<UINT>(position), TRUE, &item)) return SystemMenuEntry::kOther;
+  if (item.fType & MFT_SEPARATOR) return SystemMenuEntry::kSeparator;
+  switch (item.wID & 0xFFF0) {  // the low four bits of a system command are the system's
+    case SC_SIZE: return SystemMenuEntry::kSize;
+    case SC_MAXIMIZE: return SystemMenuEntry::kMaximize;
+    case SC_CLOSE: return SystemMenuEntry::kClose;
+    default: return SystemMenuEntry::kOther;
+  }
+}
+
+}  // namespace
+
+// The entries go by what they are: a window system with more than the
+// standard seven entries keeps Close, and with it the title bar's close box,
+// Alt+F4 and the window manager's close request.
 void Win32ControlWindow::TrimSystemMenu() {
   HMENU menu = GetSystemMenu(hwnd_, FALSE);
   if (!menu) return;
-  const int n = GetMenuItemCount(menu);
-  if (n >= 2) RemoveMenu(menu, static_cast<UINT>(n - 2), MF_BYPOSITION);
-  if (n >= 5) RemoveMenu(menu, static_cast<UINT>(n - 5), MF_BYPOSITION);
-  if (n >= 4) RemoveMenu(menu, static_cast<UINT>(n - 4), MF_BYPOSITION);
+  std::vector<SystemMenuEntry> entries;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) entries.push_back(EntryOf(menu, i));
+  for (int position : SystemMenuEntriesToRemove(entries))
+    RemoveMenu(menu, static_cast<UINT>(position), MF_BYPOSITION);
   DrawMenuBar(hwnd_);
 }
 
@@ -94,8 +116,11 @@ void Win32ControlWindow::SetText(Control control, const std::string& text) {
     SetWindowTextA(ControlHandle(control), ToAnsi(text).c_str());
     return;
   }
+  HWND box = ControlHandle(control);
   quiet_ = true;
-  SetWindowTextA(ControlHandle(control), ToAnsi(text).c_str());
+  // A list left dropped down would show its highlight over the new name.
+  if (SendMessageA(box, CB_GETDROPPEDSTATE, 0, 0)) SendMessageA(box, CB_SHOWDROPDOWN, FALSE, 0);
+  SetWindowTextA(box, ToAnsi(text).c_str());
   quiet_ = false;
   logic_.cmbFileName_Change();
 }

@@ -185,6 +185,11 @@ LRESULT Win32ControlWindow::OnChildMessage(HWND child, Control control, UINT mes
       const auto* key = reinterpret_cast<const MSG*>(lparam);
       const LRESULT code = DefSubclassProc(child, message, wparam, lparam);
       if (key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN) return code | DLGC_WANTMESSAGE;
+      // A plain letter is the control's too, where the key table gives it
+      // nothing to do on a button or check box; left to the dialog navigation
+      // it would press the button whose mnemonic it is ('c' closing the
+      // program). Alt+letter (WM_SYSCHAR) still reaches the mnemonics.
+      if (key && key->message == WM_CHAR) return code | DLGC_WANTCHARS;
       return code;
     }
     case WM_KEYDOWN:

@@ -65,6 +65,19 @@ void DialogWindow::Dispose() {
 
 bool DialogWindow::OnMessage(UINT, WPARAM, LPARAM, LRESULT&) { return false; }
 
+void DialogWindow::RememberFocus() {
+  HWND focus = GetFocus();
+  if (focus && IsChild(hwnd_, focus)) focused_ = focus;
+}
+
+void DialogWindow::RestoreFocus() {
+  if (disposed_ || IsIconic(hwnd_)) return;
+  HWND target = focused_;
+  if (!target || !IsWindow(target) || !IsChild(hwnd_, target) || !IsWindowEnabled(target) || !IsWindowVisible(target))
+    target = GetNextDlgTabItem(hwnd_, nullptr, FALSE);
+  if (target && GetFocus() != target) SetFocus(target);
+}
+
 LRESULT CALLBACK DialogWindow::WindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
   if (message == WM_NCCREATE) {
     auto* self = static_cast<DialogWindow*>(reinterpret_cast<CREATESTRUCTA*>(lparam)->lpCreateParams);
@@ -80,6 +93,15 @@ LRESULT CALLBACK DialogWindow::WindowProc(HWND hwnd, UINT message, WPARAM wparam
       return 0;
     case WM_CLOSE:
       if (!self->disposed_) self->OnClose();
+      return 0;
+    case WM_ACTIVATE:
+      // Left: remember the control with the keyboard; back: give it back, so
+      // Enter, Escape and typing work at once, as in the system's dialogs.
+      if (LOWORD(wparam) == WA_INACTIVE) self->RememberFocus();
+      else self->RestoreFocus();
+      return 0;
+    case WM_SETFOCUS:
+      self->RestoreFocus();
       return 0;
     default:
       if (self->OnMessage(message, wparam, lparam, result)) return result;
@@ -100,6 +122,10 @@ LRESULT CALLBACK DialogWindow::ChildProc(HWND hwnd, UINT message, WPARAM wparam,
       const LRESULT code = DefSubclassProc(hwnd, message, wparam, lparam);
       if (key && key->message == WM_KEYDOWN && (key->wParam == VK_RETURN || key->wParam == VK_ESCAPE))
         return code | DLGC_WANTMESSAGE;
+      // A plain letter goes to the control (where it does nothing on a
+      // button), not to the dialog navigation, which would press the button
+      // whose mnemonic it is; Alt+letter still does.
+      if (key && key->message == WM_CHAR) return code | DLGC_WANTCHARS;
       return code;
     }
     case WM_KEYDOWN: {

@@ -49,6 +49,8 @@ class DialogWindow {
   virtual bool OnMessage(UINT message, WPARAM wparam, LPARAM lparam, LRESULT& result);
 
  private:
+  void RememberFocus();
+  void RestoreFocus();
   static LRESULT CALLBACK WindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
   static LRESULT CALLBACK ChildProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam,
                                     UINT_PTR id, DWORD_PTR self);
@@ -58,6 +60,7 @@ class DialogWindow {
   HFONT font_ = nullptr;
   int dpi_ = 96;
   bool disposed_ = false;
+  HWND focused_ = nullptr;  // the control that had the keyboard when the window was left
 };
 
 }  // namespace ferrow::win32

@@ -16,6 +16,8 @@ Win32InputBox::Win32InputBox(WindowGate& gate, std::shared_ptr<InputBox> logic)
 Win32InputBox::~Win32InputBox() { logic_->ViewGone(); }
 
 bool Win32InputBox::OnKey(int id, int key_code) {
+  if (id == kIdOK) return logic_->cmdOK_KeyDown(key_code);
+  if (id == kIdCancel) return logic_->cmdCancel_KeyDown(key_code);
   return id == kIdInput && logic_->txtInput_KeyDown(key_code);
 }
 

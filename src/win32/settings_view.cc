@@ -48,6 +48,12 @@ void Win32SettingsDialog::AddControl(SettingsControl control, const char* window
   if (!text.tool_tip.empty()) tips_->Add(made, text.tool_tip);
 }
 
+bool Win32SettingsDialog::OnKey(int id, int key_code) {
+  if (id == IdOf(SettingsControl::kOK)) return logic_.cmdOK_KeyDown(key_code);
+  if (id == IdOf(SettingsControl::kCancel)) return logic_.cmdCancel_KeyDown(key_code);
+  return logic_.Control_KeyDown(key_code);
+}
+
 void Win32SettingsDialog::OnCommand(int id, int code) {
   if (code != BN_CLICKED) return;
   switch (static_cast<SettingsControl>(id - IdOf(SettingsControl::kFrame1))) {

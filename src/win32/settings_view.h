@@ -33,7 +33,7 @@ class Win32SettingsDialog : public DialogWindow, private SettingsView {
   SettingsDialog& Logic() { return logic_; }
 
  private:
-  bool OnKey(int id, int key_code) override { (void)id; return logic_.Control_KeyDown(key_code); }
+  bool OnKey(int id, int key_code) override;
   void OnCommand(int id, int code) override;
   void OnClose() override;
   void AddControl(SettingsControl control, const char* window_class, DWORD style, int x, int y, int width,

@@ -2,6 +2,7 @@
 
 #include <commdlg.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "about/product.h"
@@ -13,6 +14,18 @@ namespace {
 
 std::string Title(const std::string& title) {
   return ToAnsi(title.empty() ? std::string(kProductName) : title);
+}
+
+// The window the user asked from (the settings dialog for its sound, the
+// control window for a log), so that the dialog stays above it and keeps it
+// disabled while it is up; the control window when none of ours is active.
+HWND DialogOwner(HWND fallback) {
+  HWND active = GetActiveWindow();
+  DWORD process = 0;
+  if (active && GetWindowThreadProcessId(active, &process) == GetCurrentThreadId() && IsWindowVisible(active) &&
+      IsWindowEnabled(active))
+    return active;
+  return fallback;
 }
 
 }  // namespace
@@ -53,11 +66,23 @@ std::string Win32WindowServices::OpenFileName(const std::string& title, const st
                                               const std::string& start_folder) {
   MaybeEventPass pass(gate);
   const std::string filters = Win32FileFilter(ToAnsi(filter));
-  const std::string ansi_title = ToAnsi(title), folder = ToAnsi(start_folder);
+  const std::string ansi_title = ToAnsi(title), start = ToAnsi(start_folder);
   std::vector<char> chosen(32768, '\0');
+  // A start that is a file, or looks like one (a missing sound), names a
+  // file: the dialog opens in its folder with its name filled in.
+  std::string folder = start;
+  const DWORD attributes = start.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesA(start.c_str());
+  const size_t slash = start.find_last_of("\\/:");
+  const bool is_file = attributes != INVALID_FILE_ATTRIBUTES ? !(attributes & FILE_ATTRIBUTE_DIRECTORY)
+                                                             : start.find('.', slash + 1) != std::string::npos;
+  if (is_file && slash != std::string::npos && slash + 1 < start.size()) {
+    folder = start.substr(0, slash + 1);
+    const std::string name = start.substr(slash + 1);
+    std::copy(name.begin(), name.end(), chosen.begin());
+  }
   OPENFILENAMEA dialog{};
   dialog.lStructSize = sizeof(dialog);
-  dialog.hwndOwner = owner;
+  dialog.hwndOwner = DialogOwner(owner);
   dialog.lpstrFilter = filters.c_str();
   dialog.nFilterIndex = 1;
   dialog.lpstrFile = chosen.data();

@@ -89,11 +89,17 @@ TEST_F(AboutWindowTest, OkClosesAndGivesTheControlWindowBack) {
 
 TEST_F(AboutWindowTest, EscapeOnOkClosesOtherKeysDoNot) {
   about.Form_Load();
-  EXPECT_FALSE(about.Command1_KeyDown(kKeyReturn));
   EXPECT_FALSE(about.Command1_KeyDown('A'));
   EXPECT_EQ(view.closes, 0);
   EXPECT_TRUE(about.Command1_KeyDown(kKeyEscape));
   EXPECT_EQ(view.closes, 1);
+}
+
+TEST_F(AboutWindowTest, EnterOnOkClosesAsOkDoes) {
+  about.Form_Load();
+  EXPECT_TRUE(about.Command1_KeyDown(kKeyReturn));
+  EXPECT_EQ(view.closes, 1);
+  EXPECT_EQ(menu.Count("ShowNormalAndActivate"), 1);
 }
 
 TEST_F(AboutWindowTest, TheCloseBoxGivesTheControlWindowBack) {

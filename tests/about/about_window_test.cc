@@ -75,6 +75,17 @@ TEST_F(AboutWindow, EscapeOnOkClosesAndTheButtonsComeBack) {
   EXPECT_TRUE(form->cmdBrowse->isEnabled());
 }
 
+TEST_F(AboutWindow, EnterOnOkClosesAsOkDoes) {
+  form->Logic().cmdAbout_Click();
+  frmAbout* about = nullptr;
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (auto* a = qobject_cast<frmAbout*>(w); a && a->isVisible()) about = a;
+  ASSERT_TRUE(about);
+  Key(about->Command1, Qt::Key_Return);
+  EXPECT_FALSE(about->isVisible());
+  EXPECT_TRUE(form->cmdBrowse->isEnabled());
+}
+
 TEST_F(AboutWindow, UsageBoxMatchesTheStartUpUsageTextLineByLine) {
   Key(form->cmdAbout, Qt::Key_F1);
   ASSERT_EQ(services.messages.size(), 1u);

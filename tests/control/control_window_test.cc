@@ -284,6 +284,25 @@ TEST_F(ControlWindowTest, PickingAHistoryEntryGraysTheCheckBoxesAndOpeningTakesT
   EXPECT_TRUE(options.PlaySoundOnUpdate);
 }
 
+TEST_F(ControlWindowTest, EnterWithTheListDroppedDownPicksTheHighlightedEntryThenOpensItWithItsOwnSettings) {
+  const std::string first = MakeLog("first.log", "x\r\n");
+  const std::string picked = MakeLog("picked.log", "y\r\n");
+  WriteIni("[Common]\r\nHistoryCount=2\r\nHistory1=" + first + "\r\nHistory2=" + picked +
+           "\r\n[picked.log]\r\nMenuX=10\r\nPlaySoundOnUpdate=False\r\n");
+  LoadHistoryAtStartup(app);
+  menu.Form_Load();
+  Type(first);
+  menu.OK_Click();
+  view.SetValue(Control::chkPlaySound, 1);  // the first file's box, left on
+  menu.chkPlaySound_Click();
+  view.highlighted = 1;                     // arrowed down to picked.log
+  view.controls[Control::cmbFileName].text = picked;  // the box shows it, not picked yet
+  EXPECT_TRUE(menu.KeyDown(Control::cmbFileName, keys_down::kEnter, 0));
+  EXPECT_EQ(options.FileName, picked);
+  EXPECT_FALSE(options.PlaySoundOnUpdate) << "the file's own setting, not the previous file's box";
+  EXPECT_EQ(view.Value(Control::chkPlaySound), 0);
+}
+
 TEST_F(ControlWindowTest, ShortcutDroppedOnTheBoxFillsInItsTargetButOnTheWindowItsOwnPath) {
   HelperLibrary library = HelperLibrary::BindFile(env, FERROW_HELPER_LIBRARY);
   app.helper = &library;
@@ -394,6 +413,26 @@ TEST_F(ControlWindowTest, OpenRestartAndUnloadAskedForDuringAnOpenNeverRunInside
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
   menu.ShowNormalAndActivate();
   EXPECT_EQ(view.brought_to_front, 0) << "nothing comes back once closing";
+}
+
+// The close box pressed while the open writes the settings, before the text
+// window exists: the file named is kept in the history and its section saved.
+TEST_F(ControlWindowTest, ClosingWhileTheOpenWritesTheSettingsKeepsTheFileInTheHistory) {
+  const std::string log = MakeLog("early.log", "x\r\n");
+  menu.Form_Load();
+  Type(log);
+  bool asked = false;
+  env.on_events = [&] {
+    if (asked || !windows.made.empty()) return;
+    asked = true;
+    menu.Form_Unload();
+  };
+  menu.OK_Click();
+  ASSERT_TRUE(asked) << "no events ran before the text window";
+  EXPECT_TRUE(menu.Unloaded());
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
+  EXPECT_FALSE(ReadINIFile(env, options.IniFileName, "early.log", "MenuX").empty());
 }
 
 TEST_F(ControlWindowTest, ClosingTheTextWindowPausesFollowingAndSaysSo) {

@@ -83,6 +83,23 @@ TEST_F(InputBoxWindow, EnterAndEscapeInTheTextBoxReachTheBox) {
   EXPECT_EQ(InputMsg(env, "p", "t"), "");
 }
 
+// On the focused buttons, as in any dialog: Enter or Space presses that
+// button, Escape cancels.
+TEST_F(InputBoxWindow, EnterSpaceAndEscapeOnTheButtonsPressThemOrCancel) {
+  const struct { bool ok; int key; const char* answer; } presses[] = {
+      {true, Qt::Key_Return, "typed"}, {true, Qt::Key_Space, "typed"}, {true, Qt::Key_Escape, ""},
+      {false, Qt::Key_Return, ""},     {false, Qt::Key_Space, ""},     {false, Qt::Key_Escape, ""}};
+  for (const auto& press : presses) {
+    Answer([press](frmInputBox& box) {
+      box.txtInput->setText("typed");
+      Key(press.ok ? static_cast<QWidget*>(box.cmdOK) : box.cmdCancel, press.key);
+      // A key that did nothing leaves the box up: Cancel ends the wait then.
+      if (box.isVisible()) box.cmdCancel->click();
+    });
+    EXPECT_EQ(InputMsg(env, "p", "t"), press.answer) << press.ok << " " << press.key;
+  }
+}
+
 TEST_F(InputBoxWindow, APasswordCharHidesWhatIsTyped) {
   Answer([](frmInputBox& box) {
     EXPECT_EQ(box.txtInput->echoMode(), QLineEdit::Password);

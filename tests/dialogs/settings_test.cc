@@ -104,6 +104,30 @@ TEST_F(SettingsWindow, EscapeAndEnterInAControlReachTheDialog) {
   EXPECT_TRUE(form->cmdOptions->isEnabled());
 }
 
+// On the focused Close, Enter closes without applying; on Apply, Enter and
+// Space apply; Escape on either closes.
+TEST_F(SettingsWindow, EnterOnCloseClosesWithoutApplyingAndEnterOrSpaceOnApplyApplies) {
+  dialog->optTheme[2]->setChecked(true);
+  Key(dialog->cmdCancel, Qt::Key_Return);
+  EXPECT_FALSE(dialog->isVisible());
+  EXPECT_EQ(options.ThemeNumber, 1) << "Enter on Close applied the checked theme";
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "web.log", "ThemeNumber"), "1");
+  for (int key : {Qt::Key_Return, Qt::Key_Space}) {
+    frmSettings* again = Open();
+    ASSERT_TRUE(again);
+    again->optTheme[key == Qt::Key_Space ? 3 : 2]->setChecked(true);
+    Key(again->cmdOK, key);
+    EXPECT_FALSE(again->isVisible());
+    EXPECT_EQ(options.ThemeNumber, key == Qt::Key_Space ? 3 : 2);
+  }
+  frmSettings* last = Open();
+  ASSERT_TRUE(last);
+  last->optTheme[5]->setChecked(true);
+  Key(last->cmdOK, Qt::Key_Escape);
+  EXPECT_FALSE(last->isVisible());
+  EXPECT_EQ(options.ThemeNumber, 3);
+}
+
 TEST_F(SettingsWindow, SoundAndHistoryButtonsReachTheDialog) {
   const std::string wav = MakeLog("ding.wav", "RIFF");
   services.chosen = wav;

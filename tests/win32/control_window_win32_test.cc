@@ -9,11 +9,17 @@
 #include <string>
 #include <vector>
 
+#include "config/history.h"
 #include "control/fake_services.h"
 #include "display/themes.h"
+#include "startup/command_line.h"
 #include "testing/session_fixture.h"
 #include "win32/control_ids.h"
+#include "win32/about_view.h"
 #include "win32/event_passes.h"
+#include "win32/input_box_view.h"
+#include "win32/message_loop.h"
+#include "win32/settings_view.h"
 
 namespace ferrow::win32 {
 namespace {
@@ -66,21 +72,55 @@ std::vector<UINT> MenuIds(HMENU menu) {
   return ids;
 }
 
-// By position, whatever the menu holds: with n entries, n-2, then n-5,
-// then n-4 of the menu as it then stands. The standard seven lose the
-// separator, Size and Maximize.
-TEST_F(Win32ControlWindowTest, TheSystemMenuIsTrimmedByPosition) {
+// By what they are, whatever else the window system puts in the menu: Size
+// and Maximize go, and the separator before Close; Close stays, so the
+// title bar's close box, Alt+F4 and the window manager can close it.
+TEST_F(Win32ControlWindowTest, TheSystemMenuLosesSizeMaximizeAndTheSeparatorButKeepsClose) {
   HMENU menu = GetSystemMenu(window->Handle(), FALSE);
-  std::vector<UINT> want = MenuIds(menu);
-  const int n = static_cast<int>(want.size());
-  ASSERT_GE(n, 7);
-  for (int position : {n - 2, n - 5, n - 4}) want.erase(want.begin() + position);
+  std::vector<UINT> want;
+  const std::vector<UINT> before = MenuIds(menu);
+  for (size_t i = 0; i < before.size(); ++i) {
+    const bool separator_before_close = before[i] == 0 && i + 1 < before.size() && before[i + 1] == SC_CLOSE;
+    if (before[i] != SC_SIZE && before[i] != SC_MAXIMIZE && !separator_before_close) want.push_back(before[i]);
+  }
+  ASSERT_NE(GetMenuState(menu, SC_CLOSE, MF_BYCOMMAND), static_cast<UINT>(-1));
   window->Logic().Form_Load();
   EXPECT_EQ(MenuIds(menu), want);
-  if (n == 7) {
-    EXPECT_EQ(GetMenuState(menu, SC_SIZE, MF_BYCOMMAND), static_cast<UINT>(-1));
-    EXPECT_EQ(GetMenuState(menu, SC_MAXIMIZE, MF_BYCOMMAND), static_cast<UINT>(-1));
+  EXPECT_EQ(GetMenuState(menu, SC_SIZE, MF_BYCOMMAND), static_cast<UINT>(-1));
+  EXPECT_EQ(GetMenuState(menu, SC_MAXIMIZE, MF_BYCOMMAND), static_cast<UINT>(-1));
+  EXPECT_EQ(GetMenuState(menu, SC_CLOSE, MF_BYCOMMAND) & (MF_GRAYED | MF_DISABLED), 0u);
+}
+
+TEST_F(Win32ControlWindowTest, AltF4UnloadsTheControlWindow) {
+  window->Logic().Form_Load();
+  // As the keyboard delivers it: WM_SYSKEYDOWN with the Alt bit.
+  PostMessageA(window->Handle(), WM_SYSKEYDOWN, VK_F4, 1 | (1 << 29));
+  for (int i = 0; i < 20 && !window->Logic().Unloaded(); ++i) {
+    PumpMessages();
+    Sleep(10);
   }
+  EXPECT_TRUE(window->Logic().Unloaded());
+  EXPECT_EQ(unloads, 1);
+}
+
+// The control window's messages go through the dialog navigation, as in the
+// program's loop; a letter there must not reach a button's mnemonic.
+TEST_F(Win32ControlWindowTest, APlainLetterOnAFocusedButtonPressesNoButton) {
+  window->Logic().Form_Load();
+  window->Logic().EnableAllButtons();
+  for (Control focused : {Control::cmdOptions, Control::cmdAbout, Control::chkFileStart}) {
+    SetFocus(Handle(focused));
+    for (WPARAM letter : {'c', 'o', 's', 'a', 'f', 'b', 'C'}) {
+      MSG message{Handle(focused), WM_CHAR, letter, 1, 0, {}};
+      DispatchOne(message);
+      PumpMessages();
+    }
+  }
+  EXPECT_FALSE(window->Logic().Unloaded()) << "'c' pressed Close";
+  EXPECT_FALSE(FindWindowA("FerrowSettings", nullptr)) << "'s' pressed Settings";
+  EXPECT_FALSE(FindWindowA("FerrowAbout", nullptr)) << "'a' pressed About";
+  EXPECT_TRUE(ui.messages.empty());
+  EXPECT_TRUE(IsWindowEnabled(Handle(Control::cmdOptions)));
 }
 
 TEST_F(Win32ControlWindowTest, AClickOnAGrayedBoxTurnsItOnAndTheNextOff) {
@@ -191,6 +231,134 @@ TEST_F(Win32ControlWindowTest, Timer1IsAWindowTimerThatPolls) {
     Sleep(20);
   }
   EXPECT_EQ(options.LastFileSize, 17);
+}
+
+// Arrowed down to a history entry with the list open, ENTER picks it as a
+// click does (the check boxes go grayed) and then opens it: the file's own
+// settings win over the boxes the previous file left.
+TEST_F(Win32ControlWindowTest, EnterWithTheListDroppedDownPicksTheHighlightedEntryBeforeOpening) {
+  const std::string first = FileLog();
+  const std::string picked = dir.File("picked.log");
+  testing::WriteBytes(picked, "picked\r\n");
+  WriteIni("[Common]\r\nHistoryCount=2\r\nHistory1=" + first + "\r\nHistory2=" + picked +
+           "\r\n[picked.log]\r\nMenuX=10\r\nPlaySoundOnUpdate=False\r\n");
+  LoadHistoryAtStartup(session);
+  window->Logic().Form_Load();
+  window->SetText(Control::cmbFileName, first);
+  window->Logic().OK_Click();
+  ASSERT_TRUE(window->Logic().FileOpened);
+  SendMessageA(Handle(Control::chkPlaySound), BM_CLICK, 0, 0);  // left on for the first file
+  ASSERT_EQ(window->Value(Control::chkPlaySound), 1);
+  HWND box = Handle(Control::cmbFileName);
+  SetFocus(Edit());
+  SendMessageA(box, CB_SHOWDROPDOWN, TRUE, 0);
+  SendMessageA(box, CB_SETCURSEL, 1, 0);
+  ASSERT_EQ(window->HighlightedListIndex(), 1);
+  SendMessageA(Edit(), WM_KEYDOWN, VK_RETURN, 0);
+  EXPECT_EQ(options.FileName, picked);
+  EXPECT_FALSE(options.PlaySoundOnUpdate) << "the previous file's box won over the file's own setting";
+  EXPECT_EQ(window->Value(Control::chkPlaySound), 0);
+  EXPECT_FALSE(SendMessageA(box, CB_GETDROPPEDSTATE, 0, 0));
+}
+
+// The whole information text fits its label, and the label, the link and OK
+// fit the window, however long the usage text is.
+TEST_F(Win32ControlWindowTest, TheAboutWindowShowsItsWholeInformationText) {
+  options.UsageText = BuildUsageText(options.MaxInputLength / 1024);  // as start-up gives it
+  window->Logic().Form_Load();
+  window->OpenAbout(window->Logic());
+  HWND about = FindWindowA("FerrowAbout", nullptr);
+  ASSERT_TRUE(about);
+  HWND label = GetDlgItem(about, Win32AboutWindow::kIdInformation);
+  char text[8192] = {};
+  GetWindowTextA(label, text, sizeof(text));
+  ASSERT_NE(std::string(text).find("/NICE"), std::string::npos) << text;
+  ASSERT_NE(std::string(text).find("/H"), std::string::npos) << text;
+  RECT shown{};
+  GetClientRect(label, &shown);
+  RECT needed{0, 0, shown.right, 0};
+  HDC dc = GetDC(label);
+  SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(label, WM_GETFONT, 0, 0)));
+  DrawTextA(dc, text, -1, &needed, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX | DT_EXPANDTABS);
+  ReleaseDC(label, dc);
+  EXPECT_LE(needed.bottom, shown.bottom) << "the text after some line is cut off";
+  const auto place = [about](int id) {
+    RECT r{};
+    GetWindowRect(GetDlgItem(about, id), &r);
+    MapWindowPoints(nullptr, about, reinterpret_cast<POINT*>(&r), 2);
+    return r;
+  };
+  RECT client{};
+  GetClientRect(about, &client);
+  EXPECT_LE(place(Win32AboutWindow::kIdInformation).bottom, place(Win32AboutWindow::kIdOK).top);
+  EXPECT_LE(place(Win32AboutWindow::kIdInformation).bottom, place(Win32AboutWindow::kIdWebsite).top);
+  EXPECT_LE(place(Win32AboutWindow::kIdOK).bottom, client.bottom);
+  SendMessageA(about, WM_CLOSE, 0, 0);
+}
+
+// Left for another window and activated again, the settings dialog gives the
+// keyboard back to the control that had it: Escape there closes it at once.
+TEST_F(Win32ControlWindowTest, TheSettingsDialogGivesTheKeyboardBackWhenActivatedAgain) {
+  window->Logic().Form_Load();
+  window->OpenSettings(window->Logic());
+  HWND settings = FindWindowA("FerrowSettings", nullptr);
+  ASSERT_TRUE(settings);
+  HWND quick = GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kQuickScroll));
+  SetFocus(quick);
+  ASSERT_EQ(GetFocus(), quick);
+  SetActiveWindow(window->Handle());
+  PumpMessages();
+  ASSERT_NE(GetFocus(), quick);
+  SetActiveWindow(settings);
+  PumpMessages();
+  EXPECT_EQ(GetFocus(), quick);
+  SendMessageA(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
+  EXPECT_FALSE(IsWindowVisible(settings));
+}
+
+// Letters in the settings dialog press none of its buttons either ("&Apply",
+// "&Close"), wherever the keyboard is.
+TEST_F(Win32ControlWindowTest, APlainLetterInTheSettingsDialogPressesNoButton) {
+  window->Logic().Form_Load();
+  window->OpenSettings(window->Logic());
+  HWND settings = FindWindowA("FerrowSettings", nullptr);
+  ASSERT_TRUE(settings);
+  for (SettingsControl focused : {SettingsControl::kQuickScroll, SettingsControl::kRevertWav, SettingsControl::kOK}) {
+    HWND control = GetDlgItem(settings, Win32SettingsDialog::IdOf(focused));
+    SetFocus(control);
+    for (WPARAM letter : {'c', 'a', 'C', 'A'}) {
+      MSG message{control, WM_CHAR, letter, 1, 0, {}};
+      DispatchOne(message);
+      PumpMessages();
+    }
+  }
+  EXPECT_TRUE(IsWindowVisible(settings));
+  EXPECT_EQ(Ini().find("ThemeNumber"), std::string::npos) << "nothing was saved: " << Ini();
+  SendMessageA(settings, WM_CLOSE, 0, 0);
+}
+
+// The input box too: back from another window, its focused button has the
+// keyboard again, and Escape there cancels at once.
+TEST_F(Win32ControlWindowTest, TheInputBoxGivesTheKeyboardBackWhenActivatedAgain) {
+  window->Logic().Form_Load();
+  InputBoxSlot slot([this](const std::shared_ptr<InputBox>& box) -> InputView& {
+    return (new Win32InputBox(session.gate, box))->View();
+  });
+  const std::shared_ptr<InputBox> box = slot.Load();
+  box->View()->Show();
+  HWND input = FindWindowA("FerrowInputBox", nullptr);
+  ASSERT_TRUE(input);
+  HWND ok = GetDlgItem(input, Win32InputBox::kIdOK);
+  SetFocus(ok);
+  SetActiveWindow(window->Handle());
+  PumpMessages();
+  ASSERT_NE(GetFocus(), ok);
+  SetActiveWindow(input);
+  PumpMessages();
+  EXPECT_EQ(GetFocus(), ok);
+  SendMessageA(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 0);
+  EXPECT_TRUE(box->InputDone);
+  EXPECT_FALSE(box->Loaded());
 }
 
 }  // namespace

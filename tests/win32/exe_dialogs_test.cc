@@ -113,5 +113,105 @@ TEST_F(FerrowDialogs, TheAboutWindowShowsTheProgramAndOKGivesTheButtonsBack) {
   EXPECT_TRUE(Ready());
 }
 
+TEST_F(FerrowDialogs, EnterOnTheAboutWindowsOkClosesIt) {
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  Click(Button(kIdAbout));
+  HWND about = ferrow.Window("FerrowAbout");
+  ASSERT_TRUE(about);
+  HWND ok = GetDlgItem(about, Win32AboutWindow::kIdOK);
+  PostMessageA(ok, WM_KEYDOWN, VK_RETURN, 1);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(about); }, 5000));
+  EXPECT_TRUE(Ready()) << "the control window has its buttons back";
+}
+
+// Enter on the focused Close closes without applying: the checked theme is
+// not taken, and the INI keeps the theme the file had.
+TEST_F(FerrowDialogs, EnterOnTheSettingsCloseButtonClosesWithoutApplying) {
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  Click(Button(kIdOptions));
+  HWND settings = ferrow.Window("FerrowSettings", "Settings");
+  ASSERT_TRUE(settings);
+  const int paper_button = Win32SettingsDialog::ThemeId(2);
+  Click(GetDlgItem(settings, paper_button));
+  ASSERT_TRUE(WaitUntil([&] { return IsDlgButtonChecked(settings, paper_button) == BST_CHECKED; }));
+  PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kCancel)), WM_KEYDOWN, VK_RETURN, 1);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(settings); }));
+  ASSERT_TRUE(Ready());
+  ferrow.Close();
+  ASSERT_TRUE(ferrow.Ended());
+  EXPECT_NE(Ini().find("ThemeNumber=1\r\n"), std::string::npos) << Ini();
+}
+
+TEST_F(FerrowDialogs, EnterOnTheSettingsApplyButtonApplies) {
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  Click(Button(kIdOptions));
+  HWND settings = ferrow.Window("FerrowSettings", "Settings");
+  ASSERT_TRUE(settings);
+  const int paper_button = Win32SettingsDialog::ThemeId(2);
+  Click(GetDlgItem(settings, paper_button));
+  ASSERT_TRUE(WaitUntil([&] { return IsDlgButtonChecked(settings, paper_button) == BST_CHECKED; }));
+  PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kOK)), WM_KEYDOWN, VK_RETURN, 1);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(settings); }));
+  ASSERT_TRUE(Ready());
+  ferrow.Close();
+  ASSERT_TRUE(ferrow.Ended());
+  EXPECT_NE(Ini().find("ThemeNumber=2\r\n"), std::string::npos) << Ini();
+}
+
+// On the input box's focused buttons: Enter on OK takes the text, Enter on
+// Cancel and Escape on OK drop it.
+TEST_F(FerrowDialogs, EnterAndEscapeOnTheInputBoxButtonsPressThemAsInAnyDialog) {
+  ASSERT_TRUE(ferrow.Start("/F /H=error \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  const struct { int button; WPARAM key; } presses[] = {
+      {Win32InputBox::kIdCancel, VK_RETURN}, {Win32InputBox::kIdOK, VK_ESCAPE}, {Win32InputBox::kIdOK, VK_RETURN}};
+  for (const auto& press : presses) {
+    Click(Button(kIdFilter));
+    HWND box = ferrow.Window("FerrowInputBox", "Text Highlighting Filter");
+    ASSERT_TRUE(box);
+    SendMessageA(GetDlgItem(box, Win32InputBox::kIdInput), WM_SETTEXT, 0,
+                 reinterpret_cast<LPARAM>(press.button == Win32InputBox::kIdOK && press.key == VK_RETURN ? "taken" : "dropped"));
+    PostMessageA(GetDlgItem(box, press.button), WM_KEYDOWN, press.key, 1);
+    ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(box); }, 5000)) << press.button << " " << press.key;
+    ASSERT_TRUE(Ready());
+  }
+  ferrow.Close();
+  ASSERT_TRUE(ferrow.Ended());
+  EXPECT_NE(Ini().find("FilterString=taken\r\n"), std::string::npos) << Ini();
+}
+
+// The sound's dialog opens in the sound's folder with its name filled in,
+// owned by the settings dialog, which waits for it.
+TEST_F(FerrowDialogs, TheSoundBrowseDialogStartsAtTheSoundAndIsOwnedByTheSettingsDialog) {
+  const std::string sounds = ferrow.dir().File("sounds");
+  CreateDirectoryA(sounds.c_str(), nullptr);
+  const std::string ding = sounds + "\\ding.wav";
+  CopyFileA(ferrow.dir().File("Updated.wav").c_str(), ding.c_str(), FALSE);
+  WriteBytes(ferrow.IniPath(), "[app.log]\r\nMenuX=100\r\nUpdateSound=" + ding + "\r\n");
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  Click(Button(kIdOptions));
+  HWND settings = ferrow.Window("FerrowSettings", "Settings");
+  ASSERT_TRUE(settings);
+  ASSERT_EQ(TextOf(GetDlgItem(settings, Win32SettingsDialog::kIdSoundLabel)), ding);
+  Click(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kBrowseWav)));
+  HWND dialog = ferrow.Window("#32770", "Select Update Sound");
+  ASSERT_TRUE(dialog);
+  EXPECT_EQ(GetWindow(dialog, GW_OWNER), settings);
+  EXPECT_FALSE(IsWindowEnabled(settings)) << "the settings dialog stays usable behind it";
+  // The explorer-style dialog's name box (cmb13 or edt1) and its folder list (cmb2).
+  HWND name = GetDlgItem(dialog, 0x47c);
+  if (!name) name = GetDlgItem(dialog, 0x480);
+  EXPECT_EQ(TextOf(name), "ding.wav");
+  EXPECT_EQ(TextOf(GetDlgItem(dialog, 0x471)), "sounds");
+  PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog) || !IsWindowVisible(dialog); }));
+  EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(settings) != FALSE; }));
+  Click(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kCancel)));
+}
+
 }  // namespace
 }  // namespace ferrow::win32

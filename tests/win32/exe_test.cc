@@ -77,6 +77,92 @@ TEST_F(FerrowExe, ClosingTheControlWindowWritesTheSectionAndTheHistoryBesideTheE
   EXPECT_NE(ini.find("=" + Upper(log)), std::string::npos) << "the history holds the file: " << ini;
 }
 
+// Another ferrow.exe started from the first one's folder, so both share one
+// INI; its control window, and its end.
+class SecondProcess {
+ public:
+  SecondProcess(const FerrowProcess& first, const std::string& arguments) {
+    const std::string exe = first.dir().File("ferrow.exe");
+    std::string command = "\"" + exe + "\" " + arguments;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof(startup);
+    started_ = CreateProcessA(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                              first.dir().path().c_str(), &startup, &process_) != FALSE;
+  }
+  ~SecondProcess() {
+    if (!started_) return;
+    if (!Ended(0)) TerminateProcess(process_.hProcess, 99);
+    CloseHandle(process_.hProcess);
+    CloseHandle(process_.hThread);
+  }
+  bool Started() const { return started_; }
+  HWND ControlWindow() {
+    WaitUntil([&] {
+      EnumWindows(&Find, reinterpret_cast<LPARAM>(this));
+      return found_ != nullptr;
+    });
+    return found_;
+  }
+  bool Ended(int ms = 20000) { return WaitForSingleObject(process_.hProcess, static_cast<DWORD>(ms)) == WAIT_OBJECT_0; }
+
+ private:
+  static BOOL CALLBACK Find(HWND hwnd, LPARAM lparam) {
+    auto* self = reinterpret_cast<SecondProcess*>(lparam);
+    DWORD process = 0;
+    GetWindowThreadProcessId(hwnd, &process);
+    char name[64] = {};
+    GetClassNameA(hwnd, name, sizeof(name));
+    if (process != self->process_.dwProcessId || !IsWindowVisible(hwnd) || std::string(name) != "FerrowControlWindow")
+      return TRUE;
+    self->found_ = hwnd;
+    return FALSE;
+  }
+  PROCESS_INFORMATION process_{};
+  bool started_ = false;
+  HWND found_ = nullptr;
+};
+
+// A fresh INI, two processes one after the other, each closed by WM_CLOSE
+// as soon as its control window shows: the close comes in while the file is
+// being opened (its settings writes let events run), and the name stays.
+TEST_F(FerrowExe, TwoProcessesClosedWhileOpeningOnAFreshConfigurationBothLeaveTheirNamesInTheHistory) {
+  const std::string a = ferrow.dir().File("a.log"), b = ferrow.dir().File("b.log");
+  WriteBytes(a, Lines(1, 2));
+  WriteBytes(b, Lines(1, 2));
+  ASSERT_TRUE(ferrow.Start("\"" + a + "\""));
+  ASSERT_TRUE(ferrow.ControlWindow());
+  ferrow.Close();
+  ASSERT_TRUE(ferrow.Ended());
+  SecondProcess second(ferrow, "\"" + b + "\"");
+  ASSERT_TRUE(second.Started());
+  HWND second_window = second.ControlWindow();
+  ASSERT_TRUE(second_window);
+  PostMessageA(second_window, WM_CLOSE, 0, 0);
+  ASSERT_TRUE(second.Ended());
+  const std::string ini = Upper(ReadBytes(ferrow.IniPath()));
+  const size_t count = ini.find("HISTORYCOUNT=");
+  ASSERT_NE(count, std::string::npos) << ini;
+  EXPECT_EQ(ini.substr(count, ini.find("\r\n", count) - count), "HISTORYCOUNT=2");
+  const size_t first = ini.find("HISTORY1=");
+  ASSERT_NE(first, std::string::npos) << ini;
+  EXPECT_EQ(ini.substr(first, ini.find("HISTORY3=", first) - first),
+            "HISTORY1=" + Upper(a) + "\r\nHISTORY2=" + Upper(b) + "\r\n");
+}
+
+// The window manager's close request and Alt+F4 arrive as SC_CLOSE: the
+// program ends and saves as on its Close button.
+TEST_F(FerrowExe, TheSystemCloseCommandEndsTheProgramAndSaves) {
+  WriteBytes(log, Lines(1, 2));
+  ASSERT_TRUE(ferrow.Start("\"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  PostMessageA(ferrow.ControlWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  ASSERT_TRUE(ferrow.Ended());
+  EXPECT_EQ(ferrow.ExitCode(), 0u);
+  const std::string ini = Upper(ReadBytes(ferrow.IniPath()));
+  EXPECT_NE(ini.find("[APP.LOG]"), std::string::npos) << ini;
+  EXPECT_NE(ini.find("HISTORY1=" + Upper(log) + "\r\n"), std::string::npos) << ini;
+}
+
 TEST_F(FerrowExe, AMissingFileShowsTheFileAccessErrorBox) {
   const std::string missing = ferrow.dir().File("gone.log");
   ASSERT_TRUE(ferrow.Start("\"" + missing + "\""));
