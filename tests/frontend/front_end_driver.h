@@ -139,6 +139,9 @@ class FrontEndDriver {
   virtual std::string InputBoxPrompt() = 0;
   virtual void TypeInInputBox(const std::string& text) = 0;
   virtual void KeyInInputBox(int key) = 0;
+  // A key on the focused OK (or Cancel) button, and a click on it.
+  virtual void KeyOnInputBoxButton(bool ok, int key) = 0;
+  virtual void ClickInputBoxButton(bool ok) = 0;
 };
 
 }  // namespace ferrow::frontend

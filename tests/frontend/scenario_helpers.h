@@ -52,6 +52,24 @@ inline void AppendAndPoll(ScenarioWorld& w, FrontEndDriver& d, const std::string
   d.RunEvents(20);
 }
 
+// Inside an input box's answer: once the answer's events have run, the box
+// must be gone; a box still waiting fails the scenario and is cancelled, so
+// the scenario goes on.
+inline void ExpectInputBoxAnswered(FrontEndDriver& d) {
+  if (d.RunEventsUntil([&] { return !d.Shown(Window::kInputBox); }, 2000)) return;
+  ADD_FAILURE() << "the input box still waits for an answer";
+  d.ClickInputBoxButton(false);
+}
+
+// An input box that should not open: if it does, the scenario fails and
+// the box is cancelled.
+inline void FailIfInputBoxShows(FrontEndDriver& d) {
+  d.WhenInputBoxShows([&d] {
+    ADD_FAILURE() << "an input box opened";
+    d.ClickInputBoxButton(false);
+  });
+}
+
 // The colour of the first character of every line that has one.
 inline std::vector<Colour> LineColours(FrontEndDriver& d) {
   const std::string text = d.ShownText();

@@ -72,8 +72,9 @@ FERROW_SCENARIO(CarriageReturnOnlyAndLineFeedOnlyEndsBreakAppendedLines) {
 }
 
 FERROW_SCENARIO(PauseHoldsTheTextAndResumeShowsWhatCameMeanwhile) {
-  const std::string log = w.MakeLog("web.log", "one\r\n");
-  ASSERT_TRUE(Open(w, d, log, true));
+  const std::string log = w.MakeLog("web.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
+  AppendAndPoll(w, d, log, "one\r\n");
   EXPECT_EQ(d.Caption(Window::kControl), "Ferrow Menu - web.log");
   d.Click(Control::cmdPause);
   EXPECT_FALSE(d.TimerRunning());
@@ -99,6 +100,7 @@ FERROW_SCENARIO(AFilterEnteredInTheInputBoxColoursTheReloadedFile) {
     caption = d.Caption(Window::kInputBox);
     d.TypeInInputBox("warning");
     d.KeyInInputBox(vk::kEnter);
+    ExpectInputBoxAnswered(d);
   });
   d.Click(Control::cmdFilter);
   EXPECT_EQ(shown_text, "error");
@@ -117,12 +119,14 @@ FERROW_SCENARIO(EscapeOrTheInputBoxsCloseBoxKeepsTheFilter) {
   d.WhenInputBoxShows([&] {
     d.TypeInInputBox("other");
     d.KeyInInputBox(vk::kEscape);
+    ExpectInputBoxAnswered(d);
   });
   d.Click(Control::cmdFilter);
   EXPECT_EQ(w.options.FilterString, "error");
   d.WhenInputBoxShows([&] {
     d.TypeInInputBox("other");
     d.CloseBox(Window::kInputBox);
+    ExpectInputBoxAnswered(d);
   });
   d.Click(Control::cmdFilter);
   EXPECT_EQ(w.options.FilterString, "error");
@@ -178,8 +182,8 @@ FERROW_SCENARIO(EnterInASettingsControlAppliesAndEscapeClosesWithoutReloading) {
 }
 
 FERROW_SCENARIO(TheSettingsAndAboutCloseBoxesGiveTheControlWindowBack) {
-  const std::string log = w.MakeLog("app.log", "one\r\n");
-  ASSERT_TRUE(Open(w, d, log, true));
+  const std::string log = w.MakeLog("app.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
   d.Click(Control::cmdOptions);
   ASSERT_TRUE(d.RunEventsUntil([&] { return d.Shown(Window::kSettings); }));
   EXPECT_FALSE(d.Enabled(Control::cmdOptions));
@@ -192,7 +196,8 @@ FERROW_SCENARIO(TheSettingsAndAboutCloseBoxesGiveTheControlWindowBack) {
   d.CloseBox(Window::kAbout);
   ASSERT_TRUE(d.RunEventsUntil([&] { return !d.Shown(Window::kAbout); }));
   EXPECT_TRUE(d.Enabled(Control::cmdAbout));
-  EXPECT_EQ(d.ShownText(), "one\n");
+  AppendAndPoll(w, d, log, "one\r\n");
+  EXPECT_EQ(d.ShownText(), "one\n") << "following goes on";
 }
 
 // Closing windows.

@@ -26,7 +26,31 @@ namespace ferrow::frontend {
 const char* FrontEndName() { return "Win32FrontEnd"; }
 
 const char* KnownDefect(const std::string& scenario) {
-  static const std::map<std::string, const char*> known = {};
+  // Each is registered DISABLED_ until its defect is fixed.
+  static const std::map<std::string, const char*> known = {
+      // After a load the box drops the last line break: "three" then "four" shows "threefour".
+      {"ALoadedFileAndEveryLaterPollShowTheFileLineForLineInItsColours", "glued line after a load"},
+      {"AFilterEnteredInTheInputBoxColoursTheReloadedFile", "glued line after a load"},
+      {"ApplyingEachThemeShowsItsBackgroundFontAndColoursAtOnce", "glued line after a load"},
+      {"AClickOnAHistoryEntryGraysTheBoxesAndOpenTakesTheFilesOwnSettings", "glued line after a load"},
+      // "ab\0cd\r\nef\r\n" shows "abef" (with QuickScroll "ab"): the text after a NUL is dropped.
+      {"NulBytesShowAndTheRestOfTheBlockToo", "text after a NUL byte dropped"},
+      {"QuickScrollKeepsTheTextAfterANulByte", "text after a NUL byte dropped"},
+      // A plain letter on a focused button presses a button: 'o' opens the settings, 'c' closes.
+      {"PlainLettersOnAFocusedButtonDoNothing", "letters press buttons"},
+      // ENTER with the list dropped down opens the highlighted name without picking it:
+      // the previous file's check boxes override the new file's own settings.
+      {"EnterWithTheListDroppedDownPicksTheHighlightedEntryThenOpensIt", "opens without picking"},
+      // Enter on the settings dialog's focused Close button applies the theme.
+      {"EnterOnTheSettingsCloseButtonClosesWithoutApplying", "Enter on Close applies"},
+      // Enter on the input box's focused OK or Cancel does nothing: the box keeps waiting.
+      {"EnterOnTheInputBoxsCancelButtonCancels", "Enter on OK or Cancel does nothing"},
+      // The control window's system menu loses Close (trimmed by position on Wine's nine
+      // entries), so its close box is grayed and does nothing.
+      {"TheControlWindowsCloseBoxSavesAndUnloadsEveryWindow", "close box does nothing"},
+      // Wine's rich edit sends no EN_DROPFILES: a file dropped on the text is not opened.
+      {"AFileDroppedOnTheTextWindowIsOpened", "drop on the text does nothing"},
+  };
   auto found = known.find(scenario);
   return found == known.end() ? nullptr : found->second;
 }
@@ -162,6 +186,7 @@ class Win32Driver : public FrontEndDriver {
     form_.reset();
     w_.routed.SetTarget(nullptr);
     Env::Default()->SetEventsHook(nullptr);
+    if (watcher_) KillTimer(nullptr, watcher_);
     answering = nullptr;
   }
 
@@ -260,11 +285,14 @@ class Win32Driver : public FrontEndDriver {
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     RedrawWindow(Box(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     RunEvents(50);
+    // What the screen shows there, as the user sees it.
     RECT client{};
     GetClientRect(Box(), &client);
-    HDC dc = GetDC(Box());
-    const COLORREF colour = GetPixel(dc, client.right - 3, client.bottom - 3);
-    ReleaseDC(Box(), dc);
+    POINT point{client.right - 3, client.bottom - 3};
+    ClientToScreen(Box(), &point);
+    HDC screen = GetDC(nullptr);
+    const COLORREF colour = GetPixel(screen, point.x, point.y);
+    ReleaseDC(nullptr, screen);
     return colour;
   }
   std::string FontName() override { return FormatAt(Box(), 0).szFaceName; }
@@ -321,7 +349,7 @@ class Win32Driver : public FrontEndDriver {
   void WhenInputBoxShows(std::function<void()> answer) override {
     answer_ = std::move(answer);
     answering = this;
-    SetTimer(nullptr, 0, 10, &Win32Driver::Answer);
+    if (!watcher_) watcher_ = SetTimer(nullptr, 0, 10, &Win32Driver::Answer);
   }
   std::string InputBoxText() override { return TextOf(InputItem(win32::Win32InputBox::kIdInput)); }
   std::string InputBoxPrompt() override { return TextOf(InputItem(win32::Win32InputBox::kIdPrompt)); }
@@ -331,14 +359,22 @@ class Win32Driver : public FrontEndDriver {
     PostCharacters(InputItem(win32::Win32InputBox::kIdInput), text);
   }
   void KeyInInputBox(int key) override { PostKey(InputItem(win32::Win32InputBox::kIdInput), key); }
+  void KeyOnInputBoxButton(bool ok, int key) override {
+    HWND button = InputItem(ok ? win32::Win32InputBox::kIdOK : win32::Win32InputBox::kIdCancel);
+    SetFocus(button);
+    PostKey(button, key);
+  }
+  void ClickInputBoxButton(bool ok) override {
+    if (HWND button = InputItem(ok ? win32::Win32InputBox::kIdOK : win32::Win32InputBox::kIdCancel))
+      PostMessageA(button, BM_CLICK, 0, 0);
+  }
 
  private:
-  static void CALLBACK Answer(HWND, UINT, UINT_PTR id, DWORD) {
-    if (!answering || !VisibleWindow("FerrowInputBox")) return;
-    KillTimer(nullptr, id);
+  static void CALLBACK Answer(HWND, UINT, UINT_PTR, DWORD) {
+    if (!answering || !answering->answer_ || !VisibleWindow("FerrowInputBox")) return;
     std::function<void()> answer = std::move(answering->answer_);
-    answering = nullptr;
-    if (answer) answer();
+    answering->answer_ = nullptr;
+    answer();
   }
   HWND Handle(Control control) { return form_->ControlHandle(control); }
   HWND Edit() { return FindWindowExA(Handle(Control::cmbFileName), nullptr, "Edit", nullptr); }
@@ -354,6 +390,7 @@ class Win32Driver : public FrontEndDriver {
   ScenarioWorld& w_;
   std::unique_ptr<Win32ControlWindow> form_;
   std::function<void()> answer_;
+  UINT_PTR watcher_ = 0;  // waits for the input box to show
 };
 
 }  // namespace
