@@ -131,6 +131,10 @@ class FrontEndDriver {
   virtual bool ThemeChecked(int index) = 0;
   virtual void ClickSetting(SettingsControl control) = 0;
   virtual void KeyInSetting(SettingsControl control, int key) = 0;
+  virtual void KeyOnTheme(int index, int key) = 0;
+
+  // The about window: a key on its focused OK button.
+  virtual void KeyInAbout(int key) = 0;
 
   // The input box: `answer` runs once the box shows, inside the program's
   // wait for it; the actions it takes arrive as the box's events.

@@ -38,7 +38,9 @@ const char* KnownDefect(const std::string& scenario) {
       // Enter on the settings dialog's focused Close button applies the theme.
       {"EnterOnTheSettingsCloseButtonClosesWithoutApplying", "Enter on Close applies"},
       // Enter on the input box's focused OK or Cancel does nothing: the box keeps waiting.
-      {"EnterOnTheInputBoxsCancelButtonCancels", "Enter on OK or Cancel does nothing"},
+      {"EnterOnTheInputBoxsButtonsPressesThemAndEscapeCancels", "Enter on OK or Cancel does nothing"},
+      // Enter on the about window's focused OK button does nothing (Space and Escape close it).
+      {"EnterSpaceOrEscapeOnTheAboutWindowClosesIt", "about ignores Enter"},
   };
   auto found = known.find(scenario);
   return found == known.end() ? nullptr : found->second;
@@ -225,6 +227,17 @@ class QtDriver : public FrontEndDriver {
   }
   void KeyInSetting(SettingsControl control, int key) override {
     QWidget* target = SettingWidget(control);
+    target->setFocus();
+    Press(target, key);
+  }
+
+  void KeyOnTheme(int index, int key) override {
+    QWidget* target = Visible<frmSettings>()->optTheme[static_cast<size_t>(index)];
+    target->setFocus();
+    Press(target, key);
+  }
+  void KeyInAbout(int key) override {
+    QWidget* target = Visible<frmAbout>()->Command1;
     target->setFocus();
     Press(target, key);
   }

@@ -3,6 +3,7 @@
 // against the real windows of every front-end (scenarios.cc has the rest).
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -221,6 +222,55 @@ FERROW_SCENARIO(TheTextWindowTakesNoEditingKeysAndCopiesWithCtrlAThenCtrlC) {
   EXPECT_EQ(d.ShownText(), "new\nlines\n");
 }
 
+// The settings dialog: Enter applies and Escape closes in every control
+// but Apply and Close.
+
+void OpenSettings(FrontEndDriver& d) {
+  d.Click(Control::cmdOptions);
+  ASSERT_TRUE(d.RunEventsUntil([&] { return d.Shown(Window::kSettings); }));
+}
+
+FERROW_SCENARIO(EnterInEverySettingsControlAppliesAndEscapeClosesWithoutApplying) {
+  const std::string log = w.MakeLog("app.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
+  const SettingsControl controls[] = {SettingsControl::kAlert,     SettingsControl::kNiceMode,
+                                      SettingsControl::kPlaySound, SettingsControl::kQuickScroll,
+                                      SettingsControl::kBrowseWav, SettingsControl::kRevertWav,
+                                      SettingsControl::kClearHistory};
+  int theme = 2;
+  for (int key : {vk::kEscape, vk::kEnter}) {
+    for (int i = 0; i <= static_cast<int>(std::size(controls)); ++i) {
+      SCOPED_TRACE((key == vk::kEnter ? "Enter in control " : "Escape in control ") + std::to_string(i));
+      const int16_t before = w.options.ThemeNumber;
+      OpenSettings(d);
+      d.ClickTheme(theme);
+      if (i < static_cast<int>(std::size(controls))) d.KeyInSetting(controls[i], key);
+      else d.KeyOnTheme(theme, key);
+      ASSERT_TRUE(d.RunEventsUntil([&] { return !d.Shown(Window::kSettings) && d.TimerRunning(); }));
+      EXPECT_EQ(w.options.ThemeNumber, key == vk::kEnter ? theme : before);
+      EXPECT_TRUE(w.services.dialogs.empty()) << "no sound file dialog";
+      EXPECT_TRUE(w.services.messages.empty()) << "the history is not cleared";
+      theme = theme == 2 ? 3 : 2;
+    }
+  }
+}
+
+// The about window closes on Enter, Space and Escape.
+
+FERROW_SCENARIO(EnterSpaceOrEscapeOnTheAboutWindowClosesIt) {
+  const std::string log = w.MakeLog("app.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
+  for (int key : {vk::kEnter, vk::kSpace, vk::kEscape}) {
+    SCOPED_TRACE(key);
+    d.Click(Control::cmdAbout);
+    ASSERT_TRUE(d.RunEventsUntil([&] { return d.Shown(Window::kAbout); }));
+    d.KeyInAbout(key);
+    EXPECT_TRUE(d.RunEventsUntil([&] { return !d.Shown(Window::kAbout); }, 1000));
+    if (d.Shown(Window::kAbout)) d.CloseBox(Window::kAbout);
+    EXPECT_TRUE(d.RunEventsUntil([&] { return d.Enabled(Control::cmdAbout); }, 1000));
+  }
+}
+
 // The dialogs' buttons take Enter as a press of themselves.
 
 FERROW_SCENARIO(EnterOnTheSettingsCloseButtonClosesWithoutApplying) {
@@ -234,7 +284,7 @@ FERROW_SCENARIO(EnterOnTheSettingsCloseButtonClosesWithoutApplying) {
   EXPECT_EQ(w.options.ThemeNumber, 1);
 }
 
-FERROW_SCENARIO(EnterOnTheInputBoxsCancelButtonCancels) {
+FERROW_SCENARIO(EnterOnTheInputBoxsButtonsPressesThemAndEscapeCancels) {
   w.options.FileDefaults.FilterString = "error";
   const std::string log = w.MakeLog("app.log", "an error\r\n");
   ASSERT_TRUE(Open(w, d, log, true));
@@ -253,6 +303,13 @@ FERROW_SCENARIO(EnterOnTheInputBoxsCancelButtonCancels) {
   });
   d.Click(Control::cmdFilter);
   EXPECT_EQ(w.options.FilterString, "other");
+  d.WhenInputBoxShows([&] {
+    d.TypeInInputBox("again");
+    d.KeyOnInputBoxButton(true, vk::kEscape);
+    ExpectInputBoxAnswered(d);
+  });
+  d.Click(Control::cmdFilter);
+  EXPECT_EQ(w.options.FilterString, "other") << "Escape on OK cancels";
 }
 
 }  // namespace

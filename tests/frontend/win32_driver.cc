@@ -15,6 +15,7 @@
 #include <map>
 
 #include "frontend/scenario_registry.h"
+#include "win32/about_view.h"
 #include "win32/control_ids.h"
 #include "win32/control_window_view.h"
 #include "win32/event_passes.h"
@@ -44,12 +45,14 @@ const char* KnownDefect(const std::string& scenario) {
       // Enter on the settings dialog's focused Close button applies the theme.
       {"EnterOnTheSettingsCloseButtonClosesWithoutApplying", "Enter on Close applies"},
       // Enter on the input box's focused OK or Cancel does nothing: the box keeps waiting.
-      {"EnterOnTheInputBoxsCancelButtonCancels", "Enter on OK or Cancel does nothing"},
+      {"EnterOnTheInputBoxsButtonsPressesThemAndEscapeCancels", "Enter on OK or Cancel does nothing"},
       // The control window's system menu loses Close (trimmed by position on Wine's nine
       // entries), so its close box is grayed and does nothing.
       {"TheControlWindowsCloseBoxSavesAndUnloadsEveryWindow", "close box does nothing"},
       // Wine's rich edit sends no EN_DROPFILES: a file dropped on the text is not opened.
       {"AFileDroppedOnTheTextWindowIsOpened", "drop on the text does nothing"},
+      // Enter on the about window's focused OK button does nothing (Space and Escape close it).
+      {"EnterSpaceOrEscapeOnTheAboutWindowClosesIt", "about ignores Enter"},
   };
   auto found = known.find(scenario);
   return found == known.end() ? nullptr : found->second;
@@ -343,6 +346,19 @@ class Win32Driver : public FrontEndDriver {
     HWND item = SettingItem(win32::Win32SettingsDialog::IdOf(control));
     SetFocus(item);
     PostKey(item, key);
+    win32::PumpMessages();
+  }
+
+  void KeyOnTheme(int index, int key) override {
+    HWND item = SettingItem(win32::Win32SettingsDialog::ThemeId(index));
+    SetFocus(item);
+    PostKey(item, key);
+    win32::PumpMessages();
+  }
+  void KeyInAbout(int key) override {
+    HWND ok = GetDlgItem(VisibleWindow("FerrowAbout"), win32::Win32AboutWindow::kIdOK);
+    SetFocus(ok);
+    PostKey(ok, key);
     win32::PumpMessages();
   }
 
