@@ -71,6 +71,19 @@ FERROW_SCENARIO(CarriageReturnOnlyAndLineFeedOnlyEndsBreakAppendedLines) {
   EXPECT_EQ(d.ShownText(), "mac one\nmac two\nunix one\nunix two\ndos\nlast\n");
 }
 
+FERROW_SCENARIO(ALoadBreaksLinesAtCarriageReturnsAndLineFeedsAlone) {
+  const std::string log = w.MakeLog("app.log", "unix one\nunix two\nmac one\rmac two\rdos\r\n");
+  ASSERT_TRUE(Open(w, d, log, true));
+  EXPECT_EQ(d.ShownText(), "unix one\nunix two\nmac one\nmac two\ndos\n");
+  EXPECT_EQ(d.Caption(Window::kText), "Ferrow - " + log + " (39 bytes) [5]");
+}
+
+FERROW_SCENARIO(ALoadShowsNulBytesAndTheRestOfTheLine) {
+  const std::string log = w.MakeLog("app.log", std::string("ab\0cd\r\nef\r\n", 11));
+  ASSERT_TRUE(Open(w, d, log, true));
+  EXPECT_EQ(d.ShownText(), std::string("ab\0cd\nef\n", 9));
+}
+
 FERROW_SCENARIO(PauseHoldsTheTextAndResumeShowsWhatCameMeanwhile) {
   const std::string log = w.MakeLog("web.log", "");
   ASSERT_TRUE(Open(w, d, log, false));

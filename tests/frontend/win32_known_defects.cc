@@ -17,6 +17,9 @@ const char* KnownDefect(const std::string& scenario) {
       {"AFilterEnteredInTheInputBoxColoursTheReloadedFile", "glued line after a load"},
       {"ApplyingEachThemeShowsItsBackgroundFontAndColoursAtOnce", "glued line after a load"},
       {"AClickOnAHistoryEntryGraysTheBoxesAndOpenTakesTheFilesOwnSettings", "glued line after a load"},
+      {"ALoadBreaksLinesAtCarriageReturnsAndLineFeedsAlone", "glued line after a load"},
+      // A NUL byte in a load shows as a space (and the last line break is dropped).
+      {"ALoadShowsNulBytesAndTheRestOfTheLine", "NUL shown as a space after a load"},
       // "ab\0cd\r\nef\r\n" shows "abef" (with QuickScroll "ab"): the text after a NUL is dropped.
       {"NulBytesShowAndTheRestOfTheBlockToo", "text after a NUL byte dropped"},
       {"QuickScrollKeepsTheTextAfterANulByte", "text after a NUL byte dropped"},
