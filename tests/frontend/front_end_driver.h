@@ -6,10 +6,12 @@
 // a driver over its real windows (qt_driver.cc, win32_driver.cc).
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "control/control_view.h"
@@ -46,6 +48,31 @@ class QuickEnv : public EnvWrapper {
   void SleepMs(int ms) override { EnvWrapper::SleepMs(ms < 2 ? ms : 2); }
 };
 
+// Message boxes answered by a script. With `modal_ms` set, a box lets window
+// events run that long before it is answered, as a real modal box's own
+// message loop does (the poll timer's ticks among them).
+class ScriptedServices : public testing::FakeServices {
+ public:
+  explicit ScriptedServices(Env& env) : env_(env) {}
+  // A box opened inside another is answered at once, so that a program
+  // that opens box after box fails the scenario instead of overflowing.
+  void Message(const std::string& text, const std::string& title, MessageIcon icon) override {
+    FakeServices::Message(text, title, icon);
+    if (open_) return;
+    open_ = true;
+    for (int waited = 0; waited < modal_ms; waited += 10) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      env_.LetEventsRun();
+    }
+    open_ = false;
+  }
+  int modal_ms = 0;
+
+ private:
+  Env& env_;
+  bool open_ = false;
+};
+
 // What a scenario runs in: a configuration file and logs in a fresh folder,
 // a session as the program wires it, message boxes and the open-file dialog
 // answered by a script.
@@ -68,7 +95,7 @@ struct ScenarioWorld {
   testing::TempDir dir;
   QuickEnv env;
   Options options;
-  testing::FakeServices services;
+  ScriptedServices services{env};
   RoutedUi routed{services};
   Session session{env, options, routed};
 };

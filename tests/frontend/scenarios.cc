@@ -84,6 +84,22 @@ FERROW_SCENARIO(ALoadShowsNulBytesAndTheRestOfTheLine) {
   EXPECT_EQ(d.ShownText(), std::string("ab\0cd\nef\n", 9));
 }
 
+// The box is modal: polls run while it is up.
+FERROW_SCENARIO(ASoundThatCannotPlayIsReportedOnceAndNoLineShowsTwice) {
+  w.options.FileDefaults.PlaySoundOnUpdate = true;
+  w.options.FileDefaults.UpdateSound = w.dir.File("missing.wav");
+  w.services.modal_ms = 500;
+  const std::string log = w.MakeLog("app.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
+  AppendAndPoll(w, d, log, "one\r\n");
+  AppendAndPoll(w, d, log, "two\r\n");
+  EXPECT_EQ(d.ShownText(), "one\ntwo\n");
+  EXPECT_EQ(w.services.messages,
+            std::vector<std::string>{"|Problem encountered playing " + w.dir.File("missing.wav") +
+                                     " (disabled sounds)"});
+  EXPECT_EQ(d.Value(Control::chkPlaySound), 0);
+}
+
 FERROW_SCENARIO(PauseHoldsTheTextAndResumeShowsWhatCameMeanwhile) {
   const std::string log = w.MakeLog("web.log", "");
   ASSERT_TRUE(Open(w, d, log, false));
