@@ -5,6 +5,7 @@
 
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "about/usage.h"
@@ -105,6 +106,26 @@ FERROW_SCENARIO(PlainLettersOnAFocusedButtonDoNothing) {
     EXPECT_FALSE(d.Shown(Window::kSettings) || d.Shown(Window::kAbout) || d.Shown(Window::kInputBox));
     EXPECT_TRUE(w.services.dialogs.empty());
   }
+}
+
+FERROW_SCENARIO(SpaceOnACheckBoxTurnsItAndItsFlagOnAndOff) {
+  const std::string log = w.MakeLog("app.log", "");
+  ASSERT_TRUE(Open(w, d, log, false));
+  const std::pair<Control, bool Options::*> boxes[] = {
+      {Control::chkFileStart, &Options::BringFromStartOfFile},
+      {Control::chkMinimise, &Options::HideMenuOnStartup},
+      {Control::chkPlaySound, &Options::PlaySoundOnUpdate}};
+  for (const auto& [box, flag] : boxes) {
+    SCOPED_TRACE(NameOf(box));
+    ASSERT_EQ(d.Value(box), 0);
+    d.Key(box, vk::kSpace);
+    EXPECT_EQ(d.Value(box), 1);
+    EXPECT_TRUE(w.options.*flag);
+    d.Key(box, vk::kSpace);
+    EXPECT_EQ(d.Value(box), 0);
+    EXPECT_FALSE(w.options.*flag);
+  }
+  EXPECT_TRUE(d.Shown(Window::kControl));
 }
 
 // The file name box and its history list.
