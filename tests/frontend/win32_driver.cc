@@ -251,9 +251,9 @@ class Win32Driver : public FrontEndDriver {
   }
   Colour Background() override {
     HWND window = VisibleWindow(win32::kTextWindowClass);
+    // On top, as the user looks at it; painted by the program alone.
     SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    RedrawWindow(Box(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-    RunEvents(50);
+    RunEvents(100);
     // What the screen shows there, as the user sees it.
     RECT client{};
     GetClientRect(Box(), &client);
