@@ -16,7 +16,6 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QUrl>
-#include <map>
 
 #include "frontend/scenario_registry.h"
 #include "qt/Form1.h"

@@ -12,7 +12,6 @@
 #include <shlobj.h>
 
 #include <cstring>
-#include <map>
 
 #include "frontend/scenario_registry.h"
 #include "win32/about_view.h"
