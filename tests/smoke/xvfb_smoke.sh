@@ -17,22 +17,28 @@ work=$1
 "$work/ferrow" "$work/web.log" /F /H=ERROR &
 pid=$!
 title() { xdotool search --name '^Ferrow - ' getwindowname 2>/dev/null | head -n 1; }
-bytes() { title | sed -n 's/.*(\([0-9,]*\) bytes).*/\1/p' | tr -d ,; }
-i=0; while [ -z "$(bytes)" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done
-before=$(bytes)
-echo "title: $(title)"
+# The whole title the text window shows for the file's size and line count.
+want() { echo "Ferrow - $work/web.log ($1 bytes) [$2]"; }
+wait_for() { i=0; while [ "$(title)" != "$1" ] && [ $i -lt 100 ]; do sleep 0.1; i=$((i + 1)); done; }
+wait_for "$(want 11 1)"
+before=$(title)
+echo "title: $before"
 for n in 1 2 3 4 5; do printf 'ERROR in request %s\r\n' "$n" >> "$work/web.log"; sleep 0.3; done
-i=0; while [ "$(bytes)" = "$before" ] && [ $i -lt 50 ]; do sleep 0.1; i=$((i + 1)); done
-after=$(bytes)
-echo "title: $(title)"
+wait_for "$(want 111 6)"
+after=$(title)
+echo "title: $after"
 kill -TERM "$pid"
 wait "$pid"
-[ -n "$before" ] && [ -n "$after" ] && [ "$after" -gt "$before" ] || { echo "size did not rise: '$before' -> '$after'"; exit 1; }
+[ "$before" = "$(want 11 1)" ] || { echo "title at start: '$before', not '$(want 11 1)'"; exit 1; }
+[ "$after" = "$(want 111 6)" ] || { echo "title after five lines: '$after', not '$(want 111 6)'"; exit 1; }
 SESSION
 xvfb-run -a -s "-screen 0 1280x1024x24" sh "$work/session.sh" "$work"
 
 ini="$work/ferrow.INI"
-grep -q '^\[web.log\]' "$ini" || { echo "no [web.log] section"; cat "$ini"; exit 1; }
-grep -q "^History1=$log" "$ini" || { echo "no history"; exit 1; }
-grep -q '^FilterString=ERROR' "$ini" || { echo "filter not saved"; exit 1; }
+lines=$(tr -d '\r' < "$ini")
+# Whole lines of the file, not pieces of them.
+has() { printf '%s\n' "$lines" | grep -qxF "$1"; }
+has '[web.log]' || { echo "no [web.log] section"; cat "$ini"; exit 1; }
+has "History1=$log" || { echo "no history"; cat "$ini"; exit 1; }
+has 'FilterString=ERROR' || { echo "filter not saved"; cat "$ini"; exit 1; }
 echo "smoke: 1 passed, 0 failed"

@@ -61,6 +61,15 @@ std::string TextOf(HWND window) {
   return text;
 }
 
+std::string UnixLineBreaks(const std::string& text) {
+  std::string out;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r') out += text[i];
+    else if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
+  }
+  return out;
+}
+
 FerrowProcess::FerrowProcess() {
   CopyBeside(FERROW_EXE, dir_.path(), "ferrow.exe");
   CopyBeside(FERROW_DLL, dir_.path(), "ferrow.dll");

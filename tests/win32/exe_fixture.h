@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/numbers.h"
 #include "testing/temp_dir.h"
 #include "win32/control_ids.h"
 
@@ -25,6 +26,9 @@ bool WaitUntil(const std::function<bool()>& done, int ms = 15000);
 
 // A window's text, asked through WM_GETTEXT (it works across processes).
 std::string TextOf(HWND window);
+
+// `text` with CR LF and lone CR made "\n".
+std::string UnixLineBreaks(const std::string& text);
 
 class FerrowProcess {
  public:
@@ -72,13 +76,12 @@ class FerrowExeTest : public ::testing::Test {
     if (size < 0) size = static_cast<int64_t>(testing::ReadBytes(log).size());
     return !!ferrow.Window("FerrowTextWindow", "(" + std::to_string(size) + " bytes) [");
   }
-  // The line count in the title; the initial load's last line break ends
-  // the text, so its last line is not counted.
-  int TitleLines() {
-    const std::string title = TextOf(ferrow.TextWindow());
-    const size_t open = title.rfind('[');
-    return open == std::string::npos ? -1 : std::atoi(title.c_str() + open + 1);
+  // The whole title the text window shows for `size` bytes and `lines` lines.
+  std::string Title(int64_t size, int lines) {
+    return "Ferrow - " + log + " (" + GroupDigits(size) + " bytes) [" + std::to_string(lines) + "]";
   }
+  // The text window's whole text, "\n" at each line break.
+  std::string Shown() { return UnixLineBreaks(TextOf(ferrow.TextBox())); }
   HWND Button(int id) { return GetDlgItem(ferrow.ControlWindow(), id); }
   // Once the file is open and the buttons are enabled.
   bool Ready() {
