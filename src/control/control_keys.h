@@ -8,7 +8,7 @@ namespace ferrow {
 // Key codes as the control window's handlers take them: the virtual-key
 // codes of the window system (letters and digits as their capitals).
 namespace keys_down {
-inline constexpr int kLineFeed = 10, kEnter = 13, kDelete = 46, kF1 = 112;
+inline constexpr int kTab = 9, kLineFeed = 10, kEnter = 13, kDelete = 46, kF1 = 112;
 inline constexpr int kShift = 1, kCtrl = 2, kAlt = 4;
 }  // namespace keys_down
 

@@ -211,6 +211,10 @@ void ControlWindow::EnableAllButtons() {
 }
 
 bool ControlWindow::KeyDown(Control control, const KeyStroke& key) {
+  // Tab moves the focus between the controls; the window system takes it
+  // before any control sees it, so it is no key of the control (tabbing past
+  // a grayed check box leaves its flag alone).
+  if (key.virtual_key == keys_down::kTab && !key.control && !key.alt) return false;
   const KeyDownArgs args = ControlKeyDown(key);
   return KeyDown(control, args.key_code, args.shift);
 }

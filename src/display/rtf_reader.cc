@@ -51,8 +51,10 @@ class Reader {
         EndGroup();
       } else if (c == '\\') {
         Control();
-      } else if (c != '\r' && c != '\n' && c != '\0') {
-        Byte(c);  // a NUL is no text: rich-edit controls end their streamed text with one
+      } else if (c != '\r' && c != '\n' && !(c == '\0' && stack_.empty())) {
+        // Rich-edit controls end the text they stream out with a NUL after the
+        // document; a NUL inside the document is a character of the log.
+        Byte(c);
       }
     }
     Flush();

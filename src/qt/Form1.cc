@@ -214,8 +214,11 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress: {
       const KeyStroke key = KeyStrokeOf(*static_cast<QKeyEvent*>(event));
-      // In the dropped-down list only SHIFT+DEL is the box's; the rest moves in the list.
-      if (watched == cmbFileName->view() && key.virtual_key != keys_down::kDelete) return false;
+      // In the dropped-down list only SHIFT+DEL and ENTER are the box's; the
+      // rest moves in the list.
+      if (watched == cmbFileName->view() && key.virtual_key != keys_down::kDelete &&
+          key.virtual_key != keys_down::kEnter)
+        return false;
       return logic_.KeyDown(ControlOf(watched), key);
     }
     case QEvent::MouseButtonPress:

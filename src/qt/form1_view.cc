@@ -65,7 +65,11 @@ std::string Form1::Text(Control control) {
 
 void Form1::SetText(Control control, const std::string& text) {
   switch (control) {
-    case Control::cmbFileName: cmbFileName->setEditText(ToQt(text)); break;
+    case Control::cmbFileName:
+      // A name the program puts in the box closes the list, as the Windows box does.
+      cmbFileName->hidePopup();
+      cmbFileName->setEditText(ToQt(text));
+      break;
     case Control::txtFileName: txtFileName->setText(ToQt(text)); break;
     case Control::lblDragDropTip: lblDragDropTip->setText(ToQt(text)); break;
     default: break;

@@ -127,6 +127,21 @@ TEST_F(ControlWindowTest, AnyOtherKeyOnACheckBoxSetsItsFlagFromTheBoxAsItStands)
   EXPECT_EQ(view.Value(Control::chkFileStart), 2);  // the box itself stays as it was
 }
 
+// The window system moves the focus on Tab before a control sees the key, so
+// tabbing past a grayed box leaves its flag as it was.
+TEST_F(ControlWindowTest, TabbingPastAGrayedCheckBoxLeavesItsFlag) {
+  menu.Form_Load();
+  options.BringFromStartOfFile = true;
+  view.SetValue(Control::chkFileStart, 2);
+  KeyStroke tab;
+  tab.virtual_key = keys_down::kTab;
+  EXPECT_FALSE(menu.KeyDown(Control::chkFileStart, tab));
+  tab.shift = true;
+  EXPECT_FALSE(menu.KeyDown(Control::chkFileStart, tab));
+  EXPECT_TRUE(options.BringFromStartOfFile);
+  EXPECT_EQ(view.Value(Control::chkFileStart), 2);
+}
+
 TEST_F(ControlWindowTest, EnterInAnEmptiedBoxReopensTheFileAndLeavesOpenEnabled) {
   const std::string log = MakeLog("web.log", "line\r\n");
   menu.Form_Load();

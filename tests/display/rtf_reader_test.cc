@@ -69,8 +69,12 @@ TEST(RtfReader, ColourTableAcceptsBothCasesAndAutoEntry) {
 }
 
 // A rich-edit control streams its text out with a NUL after the document.
-TEST(RtfReader, ANulIsNoText) {
+TEST(RtfReader, ANulAfterTheDocumentIsNoText) {
   EXPECT_EQ(ReadRtf(std::string("{\\rtf1 caf\\'e9 end}\0", 20)).PlainText(), "caf\xC3\xA9 end");
+}
+
+TEST(RtfReader, ANulInsideTheDocumentIsACharacterOfTheText) {
+  EXPECT_EQ(ReadRtf(std::string("{\\rtf1 ab\0cd\\par}", 17)).PlainText(), std::string("ab\0cd\n", 6));
 }
 
 TEST(RtfReader, UnbalancedAndTruncatedInputIsReadAsFarAsItGoes) {
