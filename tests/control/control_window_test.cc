@@ -433,20 +433,29 @@ TEST_F(ControlWindowTest, OpenRestartAndUnloadAskedForDuringAnOpenNeverRunInside
 // The close box pressed while the open writes the settings, before the text
 // window exists: the file named is kept in the history and its section saved.
 TEST_F(ControlWindowTest, ClosingWhileTheOpenWritesTheSettingsKeepsTheFileInTheHistory) {
+  const std::string first = MakeLog("first.log", "x\r\n");
   const std::string log = MakeLog("early.log", "x\r\n");
   menu.Form_Load();
+  Type(first);
+  menu.OK_Click();
   Type(log);
+  // A neighbour holds the write lock for a moment, so the history update of
+  // the next open waits, letting events run, before its text window is made.
+  WriteINIFile(env, options.IniFileName, "Common", "WriteLock", "True");
+  const size_t windows_before = windows.made.size();
   bool asked = false;
-  env.on_events = [&] {
-    if (asked || !windows.made.empty()) return;
+  env.on_sleep = [&] {  // the lock's wait lets events run
+    if (asked || windows.made.size() != windows_before) return;
     asked = true;
+    WriteINIFile(env, options.IniFileName, "Common", "WriteLock", "False");
     menu.Form_Unload();
   };
   menu.OK_Click();
   ASSERT_TRUE(asked) << "no events ran before the text window";
   EXPECT_TRUE(menu.Unloaded());
-  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "1");
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "HistoryCount"), "2");
   EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History1"), log);
+  EXPECT_EQ(ReadINIFile(env, options.IniFileName, "Common", "History2"), first);
   EXPECT_FALSE(ReadINIFile(env, options.IniFileName, "early.log", "MenuX").empty());
 }
 

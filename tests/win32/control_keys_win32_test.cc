@@ -42,7 +42,7 @@ TEST_F(Win32ControlKeysTest, AnyOtherKeyOnAGrayedBoxTurnsItsFlagOffAndLeavesTheB
   window->Logic().EnableCheckBoxes();
   ASSERT_EQ(window->Value(Control::chkPlaySound), 2);
   options.PlaySoundOnUpdate = true;
-  SendMessageA(Handle(Control::chkPlaySound), WM_KEYDOWN, VK_TAB, 0);
+  SendMessageA(Handle(Control::chkPlaySound), WM_KEYDOWN, 'A', 0);
   EXPECT_FALSE(options.PlaySoundOnUpdate);
   EXPECT_EQ(window->Value(Control::chkPlaySound), 2);
 }
