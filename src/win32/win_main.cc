@@ -11,7 +11,6 @@
 #include "session/options.h"
 #include "session/session.h"
 #include "startup/startup.h"
-#include "win32/ansi_text.h"
 #include "win32/control_window_view.h"
 #include "win32/event_passes.h"
 #include "win32/message_loop.h"
@@ -20,10 +19,10 @@
 namespace {
 
 // The arguments after the program's name, split as the C runtime splits
-// them, in UTF-8.
+// them, in the ANSI code page like every name the program holds.
 std::vector<std::string> Arguments() {
   std::vector<std::string> args;
-  for (int i = 1; i < __argc; ++i) args.push_back(ferrow::win32::FromAnsi(__argv[i]));
+  for (int i = 1; i < __argc; ++i) args.push_back(__argv[i]);
   return args;
 }
 

@@ -28,10 +28,12 @@ HFONT MakeMessageFont() {
   return CreateFontIndirectA(&metrics.lfMessageFont);
 }
 
-std::string WindowTextOf(HWND window) {
+std::string WindowTextOf(HWND window) { return FromAnsi(AnsiTextOf(window)); }
+
+std::string AnsiTextOf(HWND window) {
   std::string text(static_cast<size_t>(GetWindowTextLengthA(window)) + 1, '\0');
   text.resize(static_cast<size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-  return FromAnsi(text);
+  return text;
 }
 
 void CentreOnWorkArea(HWND window) {

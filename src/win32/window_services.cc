@@ -7,12 +7,14 @@
 #include "about/product.h"
 #include "control/window_gate.h"
 #include "win32/ansi_text.h"
+#include "win32/unusable_name.h"
 
 namespace ferrow::win32 {
 namespace {
 
+// Captions and messages are ANSI text already: file names in them stay whole.
 std::string Title(const std::string& title) {
-  return ToAnsi(title.empty() ? std::string(kProductName) : title);
+  return title.empty() ? std::string(kProductName) : title;
 }
 
 }  // namespace
@@ -39,34 +41,43 @@ std::string Win32FileFilter(const std::string& filter) {
 void Win32WindowServices::Message(const std::string& text, const std::string& title,
                                   MessageIcon icon) {
   MaybeEventPass pass(gate);
-  MessageBoxA(owner, ToAnsi(text).c_str(), Title(title).c_str(), MB_OK | IconFlags(icon));
+  MessageBoxA(owner, text.c_str(), Title(title).c_str(), MB_OK | IconFlags(icon));
 }
 
 bool Win32WindowServices::AskYesNo(const std::string& text, const std::string& title,
                                    MessageIcon icon) {
   MaybeEventPass pass(gate);
-  return MessageBoxA(owner, ToAnsi(text).c_str(), Title(title).c_str(),
+  return MessageBoxA(owner, text.c_str(), Title(title).c_str(),
                      MB_YESNO | IconFlags(icon)) == IDYES;
 }
 
+// The dialog speaks UTF-16, so that a picked name the code page cannot hold
+// is known as such (the ANSI dialog would hand over a look-alike).
 std::string Win32WindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                               const std::string& start_folder) {
-  MaybeEventPass pass(gate);
-  const std::string filters = Win32FileFilter(ToAnsi(filter));
-  const std::string ansi_title = ToAnsi(title), folder = ToAnsi(start_folder);
-  std::vector<char> chosen(32768, '\0');
-  OPENFILENAMEA dialog{};
-  dialog.lStructSize = sizeof(dialog);
-  dialog.hwndOwner = owner;
-  dialog.lpstrFilter = filters.c_str();
-  dialog.nFilterIndex = 1;
-  dialog.lpstrFile = chosen.data();
-  dialog.nMaxFile = static_cast<DWORD>(chosen.size());
-  dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-  dialog.lpstrTitle = ansi_title.c_str();
-  dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
-  if (!GetOpenFileNameA(&dialog)) return "";
-  return FromAnsi(chosen.data());
+  std::wstring chosen;
+  {
+    MaybeEventPass pass(gate);
+    const std::wstring filters = WideFromAnsi(Win32FileFilter(filter));
+    const std::wstring wide_title = WideFromAnsi(title), folder = WideFromAnsi(start_folder);
+    std::vector<wchar_t> name(32768, L'\0');
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof(dialog);
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filters.c_str();
+    dialog.nFilterIndex = 1;
+    dialog.lpstrFile = name.data();
+    dialog.nMaxFile = static_cast<DWORD>(name.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = wide_title.c_str();
+    dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
+    if (!GetOpenFileNameW(&dialog)) return "";
+    chosen = name.data();
+  }
+  std::string ansi;
+  if (ToAnsiExactly(chosen, &ansi)) return ansi;
+  Message(UnusableNameMessage(chosen), "File Access Error", MessageIcon::Critical);
+  return "";
 }
 
 }  // namespace ferrow::win32
