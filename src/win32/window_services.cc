@@ -55,9 +55,14 @@ bool Win32WindowServices::AskYesNo(const std::string& text, const std::string& t
 // is known as such (the ANSI dialog would hand over a look-alike).
 std::string Win32WindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                               const std::string& start_folder) {
+  if (!open_dialog_.empty()) {
+    if (HWND shown = FindWindowA("#32770", open_dialog_.c_str())) SetForegroundWindow(shown);
+    return "";
+  }
   std::wstring chosen;
   {
     MaybeEventPass pass(gate);
+    open_dialog_ = title.empty() ? " " : title;
     const std::wstring filters = WideFromAnsi(Win32FileFilter(filter));
     const std::wstring wide_title = WideFromAnsi(title), folder = WideFromAnsi(start_folder);
     std::vector<wchar_t> name(32768, L'\0');
@@ -71,7 +76,9 @@ std::string Win32WindowServices::OpenFileName(const std::string& title, const st
     dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
     dialog.lpstrTitle = wide_title.c_str();
     dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
-    if (!GetOpenFileNameW(&dialog)) return "";
+    const BOOL picked = GetOpenFileNameW(&dialog);
+    open_dialog_.clear();
+    if (!picked) return "";
     chosen = name.data();
   }
   std::string ansi;
