@@ -22,6 +22,7 @@
 #include "testing/temp_dir.h"
 #include "win32/control_ids.h"
 #include "win32/exe_fixture.h"
+#include "win32/settings_view.h"
 
 namespace ferrow::win32 {
 namespace {
@@ -259,6 +260,53 @@ void RunMonkey(unsigned seed, long long actions) {
                                      << " of seed " << seed;
     EXPECT_TRUE(ReadsBackWhole(ReadBytes(ferrow.IniPath()))) << "seed " << seed;
   }
+}
+
+// What a random run did before it ended the program with a call through
+// freed memory in the dialog library: Browse, and Browse again from the
+// settings dialog, while the first open-file dialog ran its message loop.
+// Now only one open-file dialog is ever up; the second request brings it forward.
+TEST(ExeMonkey, ASecondOpenFileDialogNeverStacksOnTheFirst) {
+  FerrowProcess ferrow;
+  const std::string log = ferrow.dir().File("app.log");
+  WriteBytes(log, "one\r\ntwo\r\n");
+  Writer writer({log}, 7);
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  HWND control = ferrow.ControlWindow();
+  ASSERT_TRUE(control);
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(GetDlgItem(control, kIdOptions)) != FALSE; }));
+  PostMessageA(GetDlgItem(control, kIdOptions), BM_CLICK, 0, 0);
+  HWND settings = ferrow.Window("FerrowSettings", "Settings");
+  ASSERT_TRUE(settings);
+  PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
+  HWND first = ferrow.Window("#32770", "Select Log File");
+  ASSERT_TRUE(first);
+  HWND sound_browse = GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kBrowseWav));
+  for (int i = 0; i < 3; ++i) {
+    PostMessageA(sound_browse, BM_CLICK, 0, 0);
+    PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
+  }
+  EXPECT_FALSE(ferrow.Window("#32770", "Select Update Sound", 1500)) << "a second dialog stacked on the first";
+  PostMessageA(settings, WM_CLOSE, 0, 0);
+  PostMessageA(first, WM_CLOSE, 0, 0);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindow(first); }));
+  HWND text = ferrow.TextWindow();
+  if (text) {
+    HWND box = FindWindowExA(text, nullptr, nullptr, nullptr);
+    PostMessageA(text, WM_CLOSE, 0, 0);
+    PostMessageA(text, WM_CLOSE, 0, 0);
+    PostMessageA(box, WM_CHAR, 13, 0);
+    PostMessageA(box, WM_CHAR, 22, 0);
+  }
+  ASSERT_TRUE(Answers(ferrow));
+  ASSERT_TRUE(CloseAll(ferrow));
+  EXPECT_EQ(ferrow.ExitCode(), 0u) << std::hex << ferrow.ExitCode();
+  EXPECT_TRUE(ReadsBackWhole(ReadBytes(ferrow.IniPath())));
+}
+
+// Seeds that once ended the program, kept as fixed cases.
+TEST(ExeMonkey, SeedsThatFoundACrashRunClean) {
+  for (unsigned seed : {1572281759u}) RunMonkey(seed, 250);
 }
 
 TEST(ExeMonkey, RandomActionsNeverCrashOrHangAndTheIniReadsBack) {
