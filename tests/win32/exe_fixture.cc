@@ -18,7 +18,8 @@ BOOL CALLBACK Match(HWND hwnd, LPARAM lparam) {
   char name[128] = {};
   GetClassNameA(hwnd, name, sizeof(name));
   if (process != search->process || !IsWindowVisible(hwnd) || search->window_class != name) return TRUE;
-  if (TextOf(hwnd).find(search->title) == std::string::npos) return TRUE;
+  // Asked only when a title is wanted: asking a hung program would hang too.
+  if (!search->title.empty() && TextOf(hwnd).find(search->title) == std::string::npos) return TRUE;
   search->found = hwnd;
   return FALSE;
 }

@@ -112,6 +112,16 @@ std::string ClassOf(HWND window) {
   return ::testing::AssertionSuccess();
 }
 
+// A shown window of the process of `window_class`, found without sending
+// it anything (a hung program must not hang the test).
+HWND Shown(FerrowProcess& ferrow, const std::string& window_class) {
+  Windows windows{GetProcessId(ferrow.Process()), {}};
+  EnumWindows(&CollectTopLevel, reinterpret_cast<LPARAM>(&windows));
+  for (HWND window : windows.found)
+    if (ClassOf(window) == window_class) return window;
+  return nullptr;
+}
+
 class ExeMonkey {
  public:
   ExeMonkey(unsigned seed, FerrowProcess& ferrow, std::vector<std::string> logs)
@@ -138,7 +148,7 @@ class ExeMonkey {
       PickFromTheHistory(window);
     } else {
       // What ended a run once: the text window closed twice, then keys to its box.
-      HWND text = ferrow_.Window(kTextWindowClass, "", 0);
+      HWND text = Shown(ferrow_, kTextWindowClass);
       if (!text) return;
       HWND box = FindWindowExA(text, nullptr, nullptr, nullptr);
       PostMessageA(text, WM_CLOSE, 0, 0);
@@ -211,7 +221,7 @@ class ExeMonkey {
 
 // The program answers its messages within 10 s (a modal loop answers too).
 bool Answers(FerrowProcess& ferrow) {
-  HWND control = ferrow.Window(kControlWindowClass, "", 0);
+  HWND control = Shown(ferrow, kControlWindowClass);
   if (!control) return true;
   DWORD_PTR ignored = 0;
   if (SendMessageTimeoutA(control, WM_NULL, 0, 0, SMTO_NORMAL, 10000, &ignored)) return true;
