@@ -1,5 +1,6 @@
 #include "win32/window_services.h"
 
+#include <commctrl.h>
 #include <commdlg.h>
 
 #include <vector>
@@ -15,6 +16,28 @@ namespace {
 // Captions and messages are ANSI text already: file names in them stay whole.
 std::string Title(const std::string& title) {
   return title.empty() ? std::string(kProductName) : title;
+}
+
+// Wine's open-file dialog frees its folder view when it is closed, even
+// while a message box of its own waits ("file not found"); once that box is
+// answered the dialog goes on with the freed view and ends the program. A
+// disabled window takes no commands from a user, so neither does the dialog
+// while it waits on its box: a close or an OK sent to it then is dropped.
+LRESULT CALLBACK DroppedWhileDisabled(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam,
+                                      UINT_PTR id, DWORD_PTR) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(dialog, &DroppedWhileDisabled, id);
+  if (!IsWindowEnabled(dialog)) {
+    if (message == WM_CLOSE) return 0;
+    if (message == WM_SYSCOMMAND && (wparam & 0xFFF0) == SC_CLOSE) return 0;
+    if (message == WM_COMMAND && (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL)) return 0;
+  }
+  return DefSubclassProc(dialog, message, wparam, lparam);
+}
+
+// The hook's own (empty) child dialog: its parent is the open-file dialog.
+UINT_PTR CALLBACK OpenDialogHook(HWND child, UINT message, WPARAM, LPARAM) {
+  if (message == WM_INITDIALOG) SetWindowSubclass(GetParent(child), &DroppedWhileDisabled, 1, 0);
+  return 0;
 }
 
 }  // namespace
@@ -75,7 +98,8 @@ std::string Win32WindowServices::OpenFileName(const std::string& title, const st
     dialog.nMaxFile = static_cast<DWORD>(name.size());
     dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
     dialog.lpstrTitle = wide_title.c_str();
-    dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY;
+    dialog.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_ENABLEHOOK;
+    dialog.lpfnHook = &OpenDialogHook;
     const BOOL picked = GetOpenFileNameW(&dialog);
     open_dialog_.clear();
     if (!picked) return "";
