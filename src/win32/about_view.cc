@@ -82,7 +82,8 @@ void Win32AboutWindow::SetTitle(const std::string& text) {
 }
 
 void Win32AboutWindow::SetInformation(const std::string& text) {
-  SetWindowTextA(Item(kIdInformation), ToAnsi(WithCrLf(text)).c_str());
+  // The program's and the library's paths in it are ANSI text, as Windows gave them.
+  SetWindowTextA(Item(kIdInformation), WithCrLf(text).c_str());
 }
 
 void Win32AboutWindow::SetWebsite(const std::string& address) {
