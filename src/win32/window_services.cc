@@ -18,26 +18,58 @@ std::string Title(const std::string& title) {
   return title.empty() ? std::string(kProductName) : title;
 }
 
-// Wine's open-file dialog frees its folder view when it is closed, even
-// while a message box of its own waits ("file not found"); once that box is
-// answered the dialog goes on with the freed view and ends the program. A
-// disabled window takes no commands from a user, so neither does the dialog
-// while it waits on its box: a close or an OK sent to it then is dropped.
-LRESULT CALLBACK DroppedWhileDisabled(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam,
-                                      UINT_PTR id, DWORD_PTR) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(dialog, &DroppedWhileDisabled, id);
-  if (!IsWindowEnabled(dialog)) {
-    if (message == WM_CLOSE) return 0;
-    if (message == WM_SYSCOMMAND && (wparam & 0xFFF0) == SC_CLOSE) return 0;
-    if (message == WM_COMMAND && (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL)) return 0;
+// The open-file dialog frees its folder view when it ends, and ends again
+// on a second Cancel or OK: then it calls through what it freed and ends the
+// program. A second one reaches it whenever a loop above the dialog's own
+// runs its queued messages (a message box of the program's, or the
+// dialog's own "not found" box, while the dialog was closed meanwhile). So a
+// dialog that has ended, or waits on a box of its own (disabled, as for a
+// user), takes no close, Cancel or OK.
+constexpr char kDialogEnded[] = "FerrowOpenDialogEnded";
+
+bool EndsTheDialog(UINT message, WPARAM wparam) {
+  return message == WM_CLOSE || (message == WM_SYSCOMMAND && (wparam & 0xFFF0) == SC_CLOSE) ||
+         (message == WM_COMMAND && (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL));
+}
+
+LRESULT CALLBACK GuardedDialog(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                               DWORD_PTR) {
+  if (message == WM_NCDESTROY) {
+    RemovePropA(dialog, kDialogEnded);
+    RemoveWindowSubclass(dialog, &GuardedDialog, id);
   }
-  return DefSubclassProc(dialog, message, wparam, lparam);
+  if (EndsTheDialog(message, wparam) && (GetPropA(dialog, kDialogEnded) || !IsWindowEnabled(dialog))) return 0;
+  const LRESULT result = DefSubclassProc(dialog, message, wparam, lparam);
+  // Cancel always ends it; OK does once the file was accepted (CDN_FILEOK).
+  if (message == WM_COMMAND && LOWORD(wparam) == IDCANCEL && IsWindow(dialog))
+    SetPropA(dialog, kDialogEnded, reinterpret_cast<HANDLE>(1));
+  return result;
 }
 
 // The hook's own (empty) child dialog: its parent is the open-file dialog.
-UINT_PTR CALLBACK OpenDialogHook(HWND child, UINT message, WPARAM, LPARAM) {
-  if (message == WM_INITDIALOG) SetWindowSubclass(GetParent(child), &DroppedWhileDisabled, 1, 0);
+UINT_PTR CALLBACK OpenDialogHook(HWND child, UINT message, WPARAM, LPARAM lparam) {
+  if (message == WM_INITDIALOG) SetWindowSubclass(GetParent(child), &GuardedDialog, 1, 0);
+  if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lparam)->code == CDN_FILEOK)
+    SetPropA(GetParent(child), kDialogEnded, reinterpret_cast<HANDLE>(1));
   return 0;
+}
+
+// This thread's dialog titled `title` (another Ferrow may show one too).
+HWND ShownDialog(const std::string& title) {
+  struct Search {
+    const std::string& title;
+    HWND found = nullptr;
+  } search{title};
+  EnumThreadWindows(GetCurrentThreadId(), [](HWND hwnd, LPARAM lparam) -> BOOL {
+    auto* s = reinterpret_cast<Search*>(lparam);
+    char name[16] = {}, text[256] = {};
+    GetClassNameA(hwnd, name, sizeof(name));
+    GetWindowTextA(hwnd, text, sizeof(text));
+    if (lstrcmpA(name, "#32770") != 0 || s->title != text) return TRUE;
+    s->found = hwnd;
+    return FALSE;
+  }, reinterpret_cast<LPARAM>(&search));
+  return search.found;
 }
 
 }  // namespace
@@ -79,7 +111,7 @@ bool Win32WindowServices::AskYesNo(const std::string& text, const std::string& t
 std::string Win32WindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                               const std::string& start_folder) {
   if (!open_dialog_.empty()) {
-    if (HWND shown = FindWindowA("#32770", open_dialog_.c_str())) SetForegroundWindow(shown);
+    if (HWND shown = ShownDialog(open_dialog_)) SetForegroundWindow(shown);
     return "";
   }
   std::wstring chosen;

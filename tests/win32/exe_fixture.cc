@@ -90,6 +90,17 @@ bool FerrowProcess::Start(const std::string& arguments) {
                         dir_.path().c_str(), &startup, &process_) != FALSE;
 }
 
+bool FerrowProcess::StartWide(const std::wstring& arguments) {
+  const std::string exe = dir_.File("ferrow.exe");
+  const std::wstring wide_exe(exe.begin(), exe.end()), folder(dir_.path().begin(), dir_.path().end());
+  std::wstring command = L"\"" + wide_exe + L"\" " + arguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  QueryPerformanceCounter(&started_);
+  return CreateProcessW(wide_exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.c_str(), &startup, &process_) != FALSE;
+}
+
 bool FerrowProcess::Ended(int ms) {
   return WaitForSingleObject(process_.hProcess, static_cast<DWORD>(ms)) == WAIT_OBJECT_0;
 }

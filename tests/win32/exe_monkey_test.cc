@@ -314,9 +314,46 @@ TEST(ExeMonkey, ASecondOpenFileDialogNeverStacksOnTheFirst) {
   EXPECT_TRUE(ReadsBackWhole(ReadBytes(ferrow.IniPath())));
 }
 
+// What another run did before it ended the program inside the dialog
+// library: with the open-file dialog up, a message box of the program's own
+// (the settings' "History Cleared") runs its loop above the dialog's, and
+// Cancel and a close queued for the dialog run in it: the dialog was ended
+// twice over. An ended dialog takes no further close or OK.
+TEST(ExeMonkey, AnEndedOpenFileDialogTakesNoSecondClose) {
+  FerrowProcess ferrow;
+  const std::string log = ferrow.dir().File("app.log");
+  WriteBytes(log, "one\r\ntwo\r\n");
+  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
+  HWND control = ferrow.ControlWindow();
+  ASSERT_TRUE(control);
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(GetDlgItem(control, kIdOptions)) != FALSE; }));
+  PostMessageA(GetDlgItem(control, kIdOptions), BM_CLICK, 0, 0);
+  HWND settings = ferrow.Window("FerrowSettings", "Settings");
+  ASSERT_TRUE(settings);
+  PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
+  HWND dialog = ferrow.Window("#32770", "Select Log File");
+  ASSERT_TRUE(dialog);
+  PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kClearHistory)), BM_CLICK, 0, 0);
+  HWND box = ferrow.Window("#32770", "Information");
+  ASSERT_TRUE(box);
+  for (int i = 0; i < 3; ++i) {
+    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    PostMessageA(dialog, WM_CLOSE, 0, 0);
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+  }
+  Sleep(500);
+  PostMessageA(box, WM_COMMAND, IDOK, 0);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindow(dialog) || ferrow.Ended(0); }));
+  ASSERT_TRUE(Answers(ferrow));
+  ASSERT_TRUE(CloseAll(ferrow));
+  EXPECT_EQ(ferrow.ExitCode(), 0u) << std::hex << ferrow.ExitCode();
+}
+
 // Seeds that once ended the program, kept as fixed cases.
 TEST(ExeMonkey, SeedsThatFoundACrashRunClean) {
-  for (unsigned seed : {1572281759u, 2596366534u}) RunMonkey(seed, 250);
+  // Wine's timing differs from run to run, so a seed replays the same actions
+  // but not always the crash: the directed tests above are the exact cases.
+  for (unsigned seed : {1572281759u, 2596366534u, 4155146973u}) RunMonkey(seed, 200);
 }
 
 // What a random run did before it ended the program inside the dialog
@@ -363,7 +400,7 @@ TEST(ExeMonkey, TheOpenFileDialogTakesNoCloseWhileItsOwnBoxWaits) {
 TEST(ExeMonkey, RandomActionsNeverCrashOrHangAndTheIniReadsBack) {
   const long long seed = EnvNumber("FERROW_EXE_MONKEY_SEED", -1);
   RunMonkey(seed >= 0 ? static_cast<unsigned>(seed) : std::random_device{}(),
-            EnvNumber("FERROW_EXE_MONKEY_ACTIONS", 250));
+            EnvNumber("FERROW_EXE_MONKEY_ACTIONS", 200));
 }
 
 }  // namespace

@@ -157,5 +157,27 @@ TEST_F(FerrowNames, ANameTheCodePageCannotHoldIsRefusedWithAMessage) {
   EXPECT_FALSE(ferrow.Window("FerrowTextWindow", "", 500));
 }
 
+TEST_F(FerrowNames, ANameOnTheCommandLineTheCodePageCannotHoldIsRefusedWithAMessage) {
+  const std::wstring cjk = folder + L"\\\u65e5\u672c.log";
+  std::string lost;
+  if (ToAnsiExactly(cjk, &lost)) GTEST_SKIP() << "the code page " << GetACP() << " holds it";
+  HANDLE file = CreateFileW(cjk.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  CloseHandle(file);
+  ASSERT_TRUE(ferrow.StartWide(L"/F \"" + cjk + L"\""));
+  HWND message = ferrow.Window("#32770", "File Access Error");
+  ASSERT_TRUE(message);
+  EXPECT_EQ(ferrow.MessageText(message),
+            "Can't open: " + ansi.substr(0, ansi.rfind('\\')) + "\\??.log\r\n\r\n"
+            "The name holds characters that this system's code page cannot show (shown here as ?). "
+            "Rename the file or its folder, then try again.");
+  PostMessageA(message, WM_COMMAND, IDOK, 0);
+  ASSERT_TRUE(ferrow.ControlWindow());
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Button(kIdBrowse)) != FALSE; }));
+  EXPECT_FALSE(ferrow.Window("#32770", "", 1000)) << "one message, and no other file opened";
+  EXPECT_EQ(TextOf(Box()), "");
+  EXPECT_FALSE(ferrow.Window("FerrowTextWindow", "", 0));
+}
+
 }  // namespace
 }  // namespace ferrow::win32
