@@ -80,6 +80,14 @@ TEST_F(Win32Names, ADroppedNameTheCodePageCannotHoldIsRefusedWithAMessage) {
                             "(shown here as ?). Rename the file or its folder, then try again.");
 }
 
+// Pasted into the box: the name keeps a "?" where the code page has no
+// character (no file name holds one), never the best-fit "o".
+TEST_F(Win32Names, ATypedNameIsNeverTurnedIntoALookAlike) {
+  if (GetACP() != 1252) GTEST_SKIP() << "the code page " << GetACP();
+  SetWindowTextW(window->ControlHandle(Control::cmbFileName), L"C:\\logs\\t\u014dky\u014d.log");
+  EXPECT_EQ(window->Text(Control::cmbFileName), "C:\\logs\\t?ky?.log");
+}
+
 // The best-fit forms Windows offers ("o" for "\u014d") could be another file.
 TEST_F(Win32Names, ANameIsNeverTurnedIntoALookAlike) {
   std::string ansi;
