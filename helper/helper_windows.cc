@@ -20,12 +20,16 @@ std::wstring Wide(const std::string& text, UINT code_page) {
   return out;
 }
 
+// "" when the code page cannot hold every character as it is: a "?" or a
+// best-fit look-alike could name another file.
 std::string Ansi(const std::wstring& text) {
-  int n = WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
-  std::string out(n > 0 ? static_cast<size_t>(n) : 1, '\0');
-  if (n > 0) WideCharToMultiByte(CP_ACP, 0, text.c_str(), -1, &out[0], n, nullptr, nullptr);
+  BOOL lost = FALSE;
+  int n = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.c_str(), -1, nullptr, 0, nullptr, &lost);
+  if (n <= 0 || lost) return "";
+  std::string out(static_cast<size_t>(n), '\0');
+  WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.c_str(), -1, &out[0], n, nullptr, &lost);
   out.resize(out.size() - 1);
-  return out;
+  return lost || Wide(out, CP_ACP) != text ? "" : out;
 }
 
 // COM for the length of one call, on whatever thread calls us.

@@ -44,7 +44,7 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
     return;
   }
 
-  o.FileName = FullPath(o.FileName);
+  o.FileName = env.FullPath(o.FileName);
   follower_.CheckPauseCaption();
   DisableAllButtons();
   StoreMenuPosition(o);

@@ -64,6 +64,10 @@ class Env {
   // Length of the named file, or nothing when it cannot be asked.
   virtual std::optional<int64_t> FileLength(const std::string& path) = 0;
 
+  // `path` made absolute and tidied ("." and ".." resolved), in the encoding
+  // it came in (on Windows the ANSI code page); unchanged when that fails.
+  virtual std::string FullPath(const std::string& path) = 0;
+
   // Opens a regular file for reading without ever blocking a writer (nullptr
   // on failure). Anything else (a FIFO, a device) is refused without waiting
   // for a writer to appear.
@@ -181,6 +185,7 @@ class EnvWrapper : public Env {
   explicit EnvWrapper(Env* target) : target_(target) {}
 
   std::optional<int64_t> FileLength(const std::string& p) override { return target_->FileLength(p); }
+  std::string FullPath(const std::string& p) override { return target_->FullPath(p); }
   std::unique_ptr<SharedFile> OpenShared(const std::string& p) override {
     return target_->OpenShared(p);
   }

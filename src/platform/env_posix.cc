@@ -106,6 +106,8 @@ class PosixEnv : public Env {
     return static_cast<int64_t>(info.st_size);
   }
 
+  std::string FullPath(const std::string& path) override { return ferrow::FullPath(path); }
+
   std::unique_ptr<SharedFile> OpenShared(const std::string& path) override {
     // Without O_NONBLOCK opening a FIFO would wait for a writer for ever.
     int fd = ::open(PosixPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);

@@ -61,6 +61,19 @@ class MutexClaim : public InstanceClaim {
   HANDLE h_;
 };
 
+// The command line in the ANSI code page, a character it cannot hold as "?"
+// (which names no file) rather than a best-fit look-alike (which could name
+// another one), unlike GetCommandLineA.
+std::string AnsiCommandLine() {
+  const wchar_t* wide = GetCommandLineW();
+  const int n = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, -1, nullptr, 0, "?", nullptr);
+  if (n <= 0) return GetCommandLineA();
+  std::string line(static_cast<size_t>(n), '\0');
+  WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide, -1, line.data(), n, "?", nullptr);
+  line.resize(static_cast<size_t>(n) - 1);
+  return line;
+}
+
 SYSTEMTIME ToSystemTime(const std::tm& when) {
   SYSTEMTIME st{};
   st.wYear = static_cast<WORD>(when.tm_year + 1900);
@@ -120,6 +133,20 @@ class WindowsEnv : public Env {
     // library made without asking the OS (a bad mode) does not pass either.
     if (t_last_open_error == ERROR_FILE_NOT_FOUND) return false;
     return t_last_open_error == ERROR_SUCCESS || WinFailureIsPermanent(t_last_open_error);
+  }
+
+  // Not std::filesystem: it reads and writes narrow names in other encodings.
+  std::string FullPath(const std::string& path) override {
+    if (path.empty()) return path;
+    std::string full(MAX_PATH, '\0');
+    DWORD n = GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (n >= full.size()) {
+      full.assign(n + 1, '\0');
+      n = GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    }
+    if (n == 0 || n >= full.size()) return path;
+    full.resize(n);
+    return full;
   }
 
   bool FindFirstMatch(const std::string& pattern) override {
@@ -267,7 +294,8 @@ class WindowsEnv : public Env {
   void FreeLibraryString(char* text) override { CoTaskMemFree(text); }
 
   std::optional<std::string> RawCommandTail() override {
-    const char* p = GetCommandLineA();
+    const std::string line = AnsiCommandLine();
+    const char* p = line.c_str();
     if (*p == '"') {
       for (++p; *p && *p != '"'; ++p) {
       }

@@ -82,7 +82,8 @@ void Win32AboutWindow::SetTitle(const std::string& text) {
 }
 
 void Win32AboutWindow::SetInformation(const std::string& text) {
-  const std::string shown = ToAnsi(WithCrLf(text));
+  // The program's and the library's paths in it are ANSI text, as Windows gave them.
+  const std::string shown = WithCrLf(text);
   SetWindowTextA(Item(kIdInformation), shown.c_str());
   FitInformation(shown);
 }

@@ -15,10 +15,10 @@
 
 namespace ferrow::win32 {
 void Win32ControlWindow::SetCaption(const std::string& caption) {
-  SetWindowTextA(hwnd_, ToAnsi(caption).c_str());
+  SetWindowTextA(hwnd_, caption.c_str());
 }
 
-std::string Win32ControlWindow::Caption() { return WindowTextOf(hwnd_); }
+std::string Win32ControlWindow::Caption() { return AnsiTextOf(hwnd_); }
 
 void Win32ControlWindow::Repaint() {
   RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -107,20 +107,21 @@ void Win32ControlWindow::SetValue(Control control, int value) {
   SendMessageA(ControlHandle(control), BM_SETCHECK, static_cast<WPARAM>(value), 0);
 }
 
-std::string Win32ControlWindow::Text(Control control) { return WindowTextOf(ControlHandle(control)); }
+// Names, in the ANSI code page like every name the program holds.
+std::string Win32ControlWindow::Text(Control control) { return AnsiTextOf(ControlHandle(control)); }
 
 // The box's change event runs once for the program's own change, as the
 // plain field's EN_CHANGE does.
 void Win32ControlWindow::SetText(Control control, const std::string& text) {
   if (control != Control::cmbFileName) {
-    SetWindowTextA(ControlHandle(control), ToAnsi(text).c_str());
+    SetWindowTextA(ControlHandle(control), text.c_str());
     return;
   }
   HWND box = ControlHandle(control);
   quiet_ = true;
   // A list left dropped down would show its highlight over the new name.
   if (SendMessageA(box, CB_GETDROPPEDSTATE, 0, 0)) SendMessageA(box, CB_SHOWDROPDOWN, FALSE, 0);
-  SetWindowTextA(box, ToAnsi(text).c_str());
+  SetWindowTextA(box, text.c_str());
   quiet_ = false;
   logic_.cmbFileName_Change();
 }
@@ -134,11 +135,11 @@ void Win32ControlWindow::SetPausePicture(bool following) {
 
 void Win32ControlWindow::SetList(const std::vector<std::string>& names) {
   HWND box = ControlHandle(Control::cmbFileName);
-  const std::string shown = ToAnsi(Text(Control::cmbFileName));
+  const std::string shown = Text(Control::cmbFileName);
   quiet_ = true;
   SendMessageA(box, CB_RESETCONTENT, 0, 0);
   for (const std::string& name : names)
-    SendMessageA(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(ToAnsi(name).c_str()));
+    SendMessageA(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
   SetWindowTextA(box, shown.c_str());
   quiet_ = false;
 }
@@ -150,7 +151,7 @@ std::vector<std::string> Win32ControlWindow::List() {
   for (LRESULT i = 0; i < count; ++i) {
     std::string name(static_cast<size_t>(SendMessageA(box, CB_GETLBTEXTLEN, i, 0)) + 1, '\0');
     name.resize(static_cast<size_t>(SendMessageA(box, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(name.data()))));
-    names.push_back(FromAnsi(name));
+    names.push_back(name);
   }
   return names;
 }
@@ -164,7 +165,7 @@ int Win32ControlWindow::HighlightedListIndex() {
 
 void Win32ControlWindow::RemoveListItem(int index) {
   HWND box = ControlHandle(Control::cmbFileName);
-  const std::string shown = ToAnsi(Text(Control::cmbFileName));
+  const std::string shown = Text(Control::cmbFileName);
   const bool dropped = SendMessageA(box, CB_GETDROPPEDSTATE, 0, 0) != 0;
   quiet_ = true;
   SendMessageA(box, CB_DELETESTRING, static_cast<WPARAM>(index), 0);

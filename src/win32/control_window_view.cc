@@ -156,7 +156,7 @@ LRESULT Win32ControlWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam
       if (wparam == kTimer1Id) logic_.Timer1_Timer();
       return 0;
     case WM_DROPFILES:
-      logic_.Form_OLEDragDrop(TakeDroppedFiles(reinterpret_cast<HDROP>(wparam)));
+      logic_.Form_OLEDragDrop(TakeDroppedFiles(reinterpret_cast<HDROP>(wparam), session_.ui));
       return 0;
     case WM_CLOSE:
       Closing();
@@ -199,7 +199,7 @@ LRESULT Win32ControlWindow::OnChildMessage(HWND child, Control control, UINT mes
       if (wparam == '\r' || wparam == '\n') return 0;  // ENTER was taken as a key
       break;
     case WM_DROPFILES:
-      logic_.cmbFileName_OLEDragDrop(TakeDroppedFiles(reinterpret_cast<HDROP>(wparam)));
+      logic_.cmbFileName_OLEDragDrop(TakeDroppedFiles(reinterpret_cast<HDROP>(wparam), session_.ui));
       return 0;
     default:
       break;

@@ -1,22 +1,29 @@
 #include "win32/dropped_files.h"
 
 #include "win32/ansi_text.h"
+#include "win32/unusable_name.h"
 
 namespace ferrow::win32 {
 
-std::vector<std::string> DroppedFiles(HDROP drop) {
+std::vector<std::string> DroppedFiles(HDROP drop, Ui& ui) {
   std::vector<std::string> names;
-  const UINT count = DragQueryFileA(drop, 0xFFFFFFFF, nullptr, 0);
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
   for (UINT i = 0; i < count; ++i) {
-    std::vector<char> name(DragQueryFileA(drop, i, nullptr, 0) + 1, '\0');
-    DragQueryFileA(drop, i, name.data(), static_cast<UINT>(name.size()));
-    names.push_back(FromAnsi(name.data()));
+    std::wstring wide(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+    wide.resize(DragQueryFileW(drop, i, wide.data(), static_cast<UINT>(wide.size())));
+    std::string name;
+    if (ToAnsiExactly(wide, &name)) {
+      names.push_back(name);
+    } else if (names.empty()) {
+      ShowUnusableName(ui, wide);
+      return {};
+    }
   }
   return names;
 }
 
-std::vector<std::string> TakeDroppedFiles(HDROP drop) {
-  std::vector<std::string> names = DroppedFiles(drop);
+std::vector<std::string> TakeDroppedFiles(HDROP drop, Ui& ui) {
+  std::vector<std::string> names = DroppedFiles(drop, ui);
   DragFinish(drop);
   return names;
 }

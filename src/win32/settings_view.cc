@@ -103,7 +103,7 @@ bool Win32SettingsDialog::Checked(SettingsControl box) {
 }
 
 void Win32SettingsDialog::SetSoundLabel(const std::string& text) {
-  SetWindowTextA(Item(kIdSoundLabel), ToAnsi(text).c_str());
+  SetWindowTextA(Item(kIdSoundLabel), text.c_str());  // a file name: ANSI text
 }
 
 }  // namespace ferrow::win32

@@ -4,14 +4,14 @@
 #include <mmsystem.h>
 
 #include "engine/wav_check.h"
-#include "win32/ansi_text.h"
 
 namespace ferrow::win32 {
 
+// `file` is a name, in the ANSI code page.
 bool PlaySoundFile(const std::string& file, bool loop) {
-  if (!FileLooksLikePlayableWav(ToAnsi(file))) return false;
+  if (!FileLooksLikePlayableWav(file)) return false;
   const DWORD flags = SND_ASYNC | SND_FILENAME | SND_NODEFAULT | (loop ? SND_LOOP : 0);
-  return PlaySoundA(ToAnsi(file).c_str(), nullptr, flags) != FALSE;
+  return PlaySoundA(file.c_str(), nullptr, flags) != FALSE;
 }
 
 }  // namespace ferrow::win32

@@ -92,7 +92,7 @@ LRESULT Win32TextWindow::Notify(const NMHDR& header) {
   return 0;
 }
 
-void Win32TextWindow::Dropped(HDROP drop) { logic_.Rtf_OLEDragDrop(DroppedFiles(drop)); }
+void Win32TextWindow::Dropped(HDROP drop) { logic_.Rtf_OLEDragDrop(DroppedFiles(drop, session_.ui)); }
 
 // Hidden now, destroyed once no handler runs: this may be inside one.
 void Win32TextWindow::Closed() {
@@ -143,10 +143,10 @@ void Win32TextWindow::PlaceBox(const TwipsRect& place) {
 }
 
 void Win32TextWindow::SetCaption(const std::string& caption) {
-  SetWindowTextA(hwnd_, ToAnsi(caption).c_str());
+  SetWindowTextA(hwnd_, caption.c_str());  // it shows the file's name: ANSI text
 }
 
-std::string Win32TextWindow::Caption() { return WindowTextOf(hwnd_); }
+std::string Win32TextWindow::Caption() { return AnsiTextOf(hwnd_); }
 
 void Win32TextWindow::Flash() { FlashWindow(hwnd_, TRUE); }
 

@@ -1,6 +1,7 @@
 // ferrow.exe: start-up, then the control window until it is closed. The
 // process ends when the control window closes, whatever it waited for.
 #include <windows.h>
+#include <shellapi.h>
 
 #include <exception>
 #include <memory>
@@ -15,16 +16,35 @@
 #include "win32/control_window_view.h"
 #include "win32/event_passes.h"
 #include "win32/message_loop.h"
+#include "win32/unusable_name.h"
 #include "win32/window_services.h"
 
 namespace {
 
 // The arguments after the program's name, split as the C runtime splits
-// them, in UTF-8.
+// them, in the ANSI code page like every name the program holds.
 std::vector<std::string> Arguments() {
   std::vector<std::string> args;
-  for (int i = 1; i < __argc; ++i) args.push_back(ferrow::win32::FromAnsi(__argv[i]));
+  for (int i = 1; i < __argc; ++i) args.push_back(__argv[i]);
   return args;
+}
+
+// A name on the command line that the code page cannot hold is said at
+// once; it reaches the program with "?" for what was lost, and is dropped
+// there. The refused name in that form, or "".
+std::string RefuseUnusableArguments(ferrow::Ui& ui) {
+  int count = 0;
+  LPWSTR* args = CommandLineToArgvW(GetCommandLineW(), &count);
+  if (!args) return "";
+  std::string refused;
+  for (int i = 1; i < count && refused.empty(); ++i) {
+    std::string ansi;
+    if (ferrow::win32::ToAnsiExactly(args[i], &ansi)) continue;
+    ferrow::win32::ShowUnusableName(ui, args[i]);
+    refused = ferrow::win32::AnsiOrQuestionMarks(args[i]);
+  }
+  LocalFree(args);
+  return refused;
 }
 
 int Run() {
@@ -38,7 +58,9 @@ int Run() {
   ferrow::StartupState state(env);
   std::unique_ptr<ferrow::win32::Win32ControlWindow> form;
 
+  const std::string refused = RefuseUnusableArguments(ui);
   const bool go_on = ferrow::RunStartup(session, Arguments(), state, [&] {
+    if (!refused.empty() && options.LastFileSelected == refused) options.LastFileSelected.clear();
     session.helper = &state.library;
     form = std::make_unique<ferrow::win32::Win32ControlWindow>(session, services);
     services.owner = form->Handle();

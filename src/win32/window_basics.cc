@@ -28,10 +28,14 @@ HFONT MakeMessageFont() {
   return CreateFontIndirectA(&metrics.lfMessageFont);
 }
 
-std::string WindowTextOf(HWND window) {
-  std::string text(static_cast<size_t>(GetWindowTextLengthA(window)) + 1, '\0');
-  text.resize(static_cast<size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
-  return FromAnsi(text);
+std::string WindowTextOf(HWND window) { return FromAnsi(AnsiTextOf(window)); }
+
+// Read in UTF-16: GetWindowTextA would hand over a best-fit look-alike for
+// a pasted character the code page cannot hold, which could name another file.
+std::string AnsiTextOf(HWND window) {
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return AnsiOrQuestionMarks(text);
 }
 
 void CentreOnWorkArea(HWND window) {

@@ -17,6 +17,10 @@ HFONT MakeMessageFont();
 
 // A window's or a control's text, in UTF-8.
 std::string WindowTextOf(HWND window);
+// A window's or a control's text as it is, in the ANSI code page: for file
+// names and the captions that show them. A character the code page cannot
+// hold is "?", never a look-alike.
+std::string AnsiTextOf(HWND window);
 
 // Moves `window` to the middle of the screen's work area.
 void CentreOnWorkArea(HWND window);

@@ -22,8 +22,15 @@ class Win32WindowServices : public WindowServices {
 
   void Message(const std::string& text, const std::string& title, MessageIcon icon) override;
   bool AskYesNo(const std::string& text, const std::string& title, MessageIcon icon) override;
+  // One open-file dialog at a time: each runs its own message loop, so the
+  // windows behind it still take clicks (Browse again, the settings'
+  // Browse); a second request brings the open dialog to the front instead
+  // of stacking another one inside it.
   std::string OpenFileName(const std::string& title, const std::string& filter,
                            const std::string& start_folder) override;
+
+ private:
+  std::string open_dialog_;  // the title of the open-file dialog showing, if any
 };
 
 // MB_ICON... for a message icon.

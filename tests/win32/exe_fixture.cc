@@ -18,7 +18,8 @@ BOOL CALLBACK Match(HWND hwnd, LPARAM lparam) {
   char name[128] = {};
   GetClassNameA(hwnd, name, sizeof(name));
   if (process != search->process || !IsWindowVisible(hwnd) || search->window_class != name) return TRUE;
-  if (TextOf(hwnd).find(search->title) == std::string::npos) return TRUE;
+  // Asked only when a title is wanted: asking a hung program would hang too.
+  if (!search->title.empty() && TextOf(hwnd).find(search->title) == std::string::npos) return TRUE;
   search->found = hwnd;
   return FALSE;
 }
@@ -96,6 +97,17 @@ bool FerrowProcess::Start(const std::string& arguments) {
   QueryPerformanceCounter(&started_);
   return CreateProcessA(exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
                         dir_.path().c_str(), &startup, &process_) != FALSE;
+}
+
+bool FerrowProcess::StartWide(const std::wstring& arguments) {
+  const std::string exe = dir_.File("ferrow.exe");
+  const std::wstring wide_exe(exe.begin(), exe.end()), folder(dir_.path().begin(), dir_.path().end());
+  std::wstring command = L"\"" + wide_exe + L"\" " + arguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  QueryPerformanceCounter(&started_);
+  return CreateProcessW(wide_exe.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.c_str(), &startup, &process_) != FALSE;
 }
 
 bool FerrowProcess::Ended(int ms) {

@@ -42,6 +42,8 @@ class FerrowProcess {
 
   // Starts the program with `arguments` (the command line after its name).
   bool Start(const std::string& arguments);
+  // The same, in UTF-16, as the shell starts it with any name.
+  bool StartWide(const std::wstring& arguments);
   // True once the process has ended within `ms`.
   bool Ended(int ms = 20000);
   DWORD ExitCode();
