@@ -2,10 +2,13 @@
 
 #include <richedit.h>
 
+#include <algorithm>
 #include <vector>
 
+#include "display/rich_document.h"
 #include "display/text_window_proc.h"
 #include "win32/ansi_text.h"
+#include "win32/wide_text.h"
 
 namespace ferrow::win32 {
 namespace {
@@ -25,26 +28,36 @@ std::string ProgramBreaks(const std::string& text) {
   return out;
 }
 
-const char* LoadRichEdit() {
-  static const char* name = [] {
-    if (LoadLibraryA("Msftedit.dll")) return "RICHEDIT50W";
+struct RichEditClass {
+  const char* name;
+  const wchar_t* wide;
+};
+
+const RichEditClass& LoadRichEdit() {
+  static const RichEditClass kind = []() -> RichEditClass {
+    if (LoadLibraryA("Msftedit.dll")) return {"RICHEDIT50W", L"RICHEDIT50W"};
     LoadLibraryA("Riched20.dll");
-    return "RichEdit20A";
+    return {"RichEdit20W", L"RichEdit20W"};
   }();
-  return name;
+  return kind;
 }
+
+// A control's character as the program's: its break (CR) is "\n".
+std::string ProgramText(const std::wstring& wide) { return ProgramBreaks(FromWide(wide)); }
 
 }  // namespace
 
-const char* RichEditBox::ClassName() { return LoadRichEdit(); }
+const char* RichEditBox::ClassName() { return LoadRichEdit().name; }
 
+// A Unicode window, so every character of the text goes in and comes out as
+// it is, whatever the ANSI code page.
 RichEditBox::RichEditBox(HWND parent, int id) {
-  hwnd_ = CreateWindowExA(0, LoadRichEdit(), "",
+  hwnd_ = CreateWindowExW(0, LoadRichEdit().wide, L"",
                           WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
                               ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | ES_READONLY,
                           0, 0, 100, 100, parent,
                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                          GetModuleHandleA(nullptr), nullptr);
+                          GetModuleHandleW(nullptr), nullptr);
   // Read-only for the user, as the other toolkit's box: the control would act
   // on some keys (Backspace) before their character can be discarded.
   // Undo would keep every trimmed line; the user may not undo anyway.
@@ -60,26 +73,28 @@ RichEditBox::~RichEditBox() {
 }
 
 LRESULT RichEditBox::Send(UINT message, WPARAM wparam, LPARAM lparam) const {
-  return SendMessageA(hwnd_, message, wparam, lparam);
+  return SendMessageW(hwnd_, message, wparam, lparam);
 }
 
+// Installed and called through the Unicode functions: an ANSI procedure in
+// the chain would have the system turn every text message into the code page.
 LRESULT CALLBACK RichEditBox::TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
   auto saved = reinterpret_cast<WNDPROC>(GetPropA(hwnd, kSavedProcProperty));
   if (TextWindowProcSwallows(message, static_cast<uint64_t>(wparam))) return 0;
-  return saved ? CallWindowProcA(saved, hwnd, message, wparam, lparam)
-               : DefWindowProcA(hwnd, message, wparam, lparam);
+  return saved ? CallWindowProcW(saved, hwnd, message, wparam, lparam)
+               : DefWindowProcW(hwnd, message, wparam, lparam);
 }
 
 void RichEditBox::Subclass() {
   if (saved_proc_) return;
-  saved_proc_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrA(hwnd_, GWLP_WNDPROC));
+  saved_proc_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd_, GWLP_WNDPROC));
   SetPropA(hwnd_, kSavedProcProperty, reinterpret_cast<HANDLE>(saved_proc_));
-  SetWindowLongPtrA(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TextWindowProc));
+  SetWindowLongPtrW(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TextWindowProc));
 }
 
 void RichEditBox::Unsubclass() {
   if (!saved_proc_) return;
-  SetWindowLongPtrA(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(saved_proc_));
+  SetWindowLongPtrW(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(saved_proc_));
   RemovePropA(hwnd_, kSavedProcProperty);
   saved_proc_ = nullptr;
 }
@@ -89,17 +104,18 @@ int64_t RichEditBox::TextLength() {
   return Send(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how));
 }
 
-// One byte per character in the single-byte ANSI code pages, a CR at each break.
-std::string RichEditBox::AnsiText() {
-  std::vector<char> buffer(static_cast<size_t>(TextLength()) * 2 + 2, '\0');
-  GETTEXTEX how{static_cast<DWORD>(buffer.size()), GT_DEFAULT, CP_ACP, nullptr, nullptr};
-  Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(buffer.data()));
-  return buffer.data();
+// UTF-16, a CR at each break; the count the control gives, not the first NUL,
+// ends it.
+std::wstring RichEditBox::WideText(DWORD flags, int64_t length) {
+  std::wstring buffer(static_cast<size_t>(length) + 1, L'\0');
+  GETTEXTEX how{static_cast<DWORD>(buffer.size() * sizeof(wchar_t)), flags, 1200, nullptr, nullptr};
+  const LRESULT n = Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how),
+                         reinterpret_cast<LPARAM>(buffer.data()));
+  buffer.resize(n > 0 && static_cast<size_t>(n) < buffer.size() ? static_cast<size_t>(n) : 0);
+  return buffer;
 }
 
-std::string RichEditBox::Text() {
-  return ProgramBreaks(FromAnsi(AnsiText()));
-}
+std::string RichEditBox::Text() { return ProgramText(WideText(GT_DEFAULT, TextLength())); }
 
 // The new text takes the insertion colour, as inserted text does.
 void RichEditBox::SetText(const std::string& text) {
@@ -135,20 +151,20 @@ void RichEditBox::SetSelLength(int64_t length) {
   SetSelection(start, start + (length < 0 ? 0 : length));
 }
 
-std::string RichEditBox::SelText() {
-  std::vector<char> buffer(static_cast<size_t>(SelLength()) * 2 + 2, '\0');
-  GETTEXTEX how{static_cast<DWORD>(buffer.size()), GT_SELECTION, CP_ACP, nullptr, nullptr};
-  Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(buffer.data()));
-  return ProgramBreaks(FromAnsi(buffer.data()));
-}
+std::string RichEditBox::SelText() { return ProgramText(WideText(GT_SELECTION, SelLength())); }
 
+// EM_REPLACESEL ends its text at the first NUL; a text that holds one goes
+// in through the control's plain-text stream, which is counted.
 void RichEditBox::SetSelText(const std::string& text) {
-  const std::string ansi = ToAnsi(WithCrLf(text));
-  Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ansi.c_str()));
+  const std::wstring wide = ToWide(WithCrLf(text));
+  if (wide.find(L'\0') == std::wstring::npos)
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(wide.c_str()));
+  else
+    StreamInSelection(hwnd_, wide);
 }
 
 Colour RichEditBox::SelColor() {
-  CHARFORMAT2A format{};
+  CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   return static_cast<Colour>(format.crTextColor);
@@ -156,7 +172,7 @@ Colour RichEditBox::SelColor() {
 
 // A COLORREF is laid out as the program's colours are: 0x00BBGGRR.
 void RichEditBox::SetSelColor(Colour colour) {
-  CHARFORMAT2A format{};
+  CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   format.dwMask = CFM_COLOR;
   format.crTextColor = static_cast<COLORREF>(colour);
@@ -165,9 +181,25 @@ void RichEditBox::SetSelColor(Colour colour) {
 
 std::string RichEditBox::SelRTF() { return StreamOut(hwnd_, true); }
 
+// The control takes a document's last paragraph mark as the end of its
+// text; it is put back where the document's text ends in a break, so that
+// what follows starts a line of its own and the lines count right.
 void RichEditBox::SetTextRTF(const std::string& document) {
   StreamIn(hwnd_, document);
+  ApplyFont();
+  const std::string plain = ReadRtf(document).PlainText();
+  const int64_t length = TextLength();
+  if (!plain.empty() && plain.back() == '\n' && (length == 0 || CharAt(length - 1) != L'\r')) {
+    SetSelection(length, length);
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\r"));
+  }
   SetSelStart(TextLength());
+}
+
+wchar_t RichEditBox::CharAt(int64_t position) {
+  wchar_t buffer[2] = {};
+  TEXTRANGEW range{{static_cast<LONG>(position), static_cast<LONG>(position + 1)}, buffer};
+  return Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range)) == 1 ? buffer[0] : L'\0';
 }
 
 void RichEditBox::SetMaxLength(int32_t length) {
@@ -175,27 +207,34 @@ void RichEditBox::SetMaxLength(int32_t length) {
   Send(EM_EXLIMITTEXT, 0, length > 0 ? length : kUnlimited);
 }
 
+// Formats the whole text: only ever when the font changes or a document
+// comes in, never on the append path (its cost grows with the text).
 void RichEditBox::ApplyFont() {
-  CHARFORMAT2A format{};
+  CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD;
-  lstrcpynA(format.szFaceName, ToAnsi(font_name_).c_str(), LF_FACESIZE);
+  lstrcpynW(format.szFaceName, ToWide(font_name_).c_str(), LF_FACESIZE);
   format.yHeight = font_size_ * 20;
   format.dwEffects = font_bold_ ? CFE_BOLD : 0;
   Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
+// Asked again after every inserted run: only a change costs anything.
 void RichEditBox::SetFontName(const std::string& name) {
+  if (name == font_name_) return;
   font_name_ = name;
   ApplyFont();
 }
 
 void RichEditBox::SetFontSize(int size) {
-  font_size_ = size > 0 ? size : 10;
+  const int wanted = size > 0 ? size : 10;
+  if (wanted == font_size_) return;
+  font_size_ = wanted;
   ApplyFont();
 }
 
 void RichEditBox::SetFontBold(bool bold) {
+  if (bold == font_bold_) return;
   font_bold_ = bold;
   ApplyFont();
 }
@@ -215,12 +254,24 @@ void RichEditBox::SetWordWrap(bool wrap) { Send(EM_SETTARGETDEVICE, 0, wrap ? 0 
 
 int64_t RichEditBox::LineCount() { return Send(EM_GETLINECOUNT); }
 
+// Reads on from `from` a piece at a time, each twice the last, so finding
+// the first line break (each trim asks for it) costs about the length of the
+// first line, not of the whole text.
 int64_t RichEditBox::Find(char c, int64_t from) {
-  const std::string text = AnsiText();
-  if (c == '\n') c = '\r';
-  if (from < 0 || static_cast<size_t>(from) >= text.size()) return -1;
-  const size_t at = text.find(c, static_cast<size_t>(from));
-  return at == std::string::npos ? -1 : static_cast<int64_t>(at);
+  const wchar_t wanted = c == '\n' ? L'\r' : static_cast<wchar_t>(static_cast<unsigned char>(c));
+  const int64_t length = TextLength();
+  std::wstring buffer;
+  int64_t piece = 256;
+  for (int64_t at = from < 0 ? length : from; at < length; at += piece, piece = std::min<int64_t>(piece * 2, 1 << 16)) {
+    const int64_t end = std::min(at + piece, length);
+    buffer.assign(static_cast<size_t>(end - at) + 1, L'\0');
+    TEXTRANGEW range{{static_cast<LONG>(at), static_cast<LONG>(end)}, buffer.data()};
+    const LRESULT n = Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
+    for (LRESULT i = 0; i < n; ++i)
+      if (buffer[static_cast<size_t>(i)] == wanted) return at + i;
+    if (n <= 0) break;
+  }
+  return -1;
 }
 
 void RichEditBox::LockUpdates(bool locked) { LockWindowUpdate(locked ? hwnd_ : nullptr); }

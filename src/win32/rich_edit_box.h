@@ -1,8 +1,8 @@
 // The text window's box over a real rich-edit control: Msftedit's
-// "RICHEDIT50W", or RichEdit 2.0's "RichEdit20A" where that is missing.
+// "RICHEDIT50W", or RichEdit 2.0's "RichEdit20W" where that is missing.
 // Rich text goes in and out through the control's own stream; text through
-// its selection messages, in the ANSI code page. Positions count
-// characters, a line break (the control's CR) as one.
+// its selection messages, in UTF-16, so any character shows and reads back.
+// Positions count UTF-16 units, a line break (the control's CR) as one.
 #pragma once
 
 #include <windows.h>
@@ -69,7 +69,8 @@ class RichEditBox : public TextBox {
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   void SetSelection(int64_t start, int64_t end);
   void ApplyFont();
-  std::string AnsiText();
+  std::wstring WideText(DWORD flags, int64_t length);
+  wchar_t CharAt(int64_t position);
 
   HWND hwnd_ = nullptr;
   WNDPROC saved_proc_ = nullptr;
@@ -82,6 +83,8 @@ class RichEditBox : public TextBox {
 
 // The rich text stream of the control: a whole document in, the selection out.
 void StreamIn(HWND control, const std::string& document);
+// Plain UTF-16 text in place of the selection, NULs included.
+void StreamInSelection(HWND control, const std::wstring& text);
 std::string StreamOut(HWND control, bool selection_only);
 
 }  // namespace ferrow::win32

@@ -72,8 +72,7 @@ class FerrowExeTest : public ::testing::Test {
     if (size < 0) size = static_cast<int64_t>(testing::ReadBytes(log).size());
     return !!ferrow.Window("FerrowTextWindow", "(" + std::to_string(size) + " bytes) [");
   }
-  // The line count in the title; the initial load's last line break ends
-  // the text, so its last line is not counted.
+  // The line count in the title.
   int TitleLines() {
     const std::string title = TextOf(ferrow.TextWindow());
     const size_t open = title.rfind('[');
