@@ -13,7 +13,6 @@
 namespace ferrow::win32 {
 namespace {
 
-constexpr char kSavedProcProperty[] = "FerrowSavedTextWndProc";
 // No limit, as far as the control goes.
 constexpr LPARAM kUnlimited = 0x7FFFFFFE;
 
@@ -78,8 +77,11 @@ LRESULT RichEditBox::Send(UINT message, WPARAM wparam, LPARAM lparam) const {
 
 // Installed and called through the Unicode functions: an ANSI procedure in
 // the chain would have the system turn every text message into the code page.
+// The saved procedure is kept in the control's user data (the control is
+// ours): a window property would cost a trip to the window server on every
+// message the control gets.
 LRESULT CALLBACK RichEditBox::TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
-  auto saved = reinterpret_cast<WNDPROC>(GetPropA(hwnd, kSavedProcProperty));
+  auto saved = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
   if (TextWindowProcSwallows(message, static_cast<uint64_t>(wparam))) return 0;
   return saved ? CallWindowProcW(saved, hwnd, message, wparam, lparam)
                : DefWindowProcW(hwnd, message, wparam, lparam);
@@ -88,20 +90,48 @@ LRESULT CALLBACK RichEditBox::TextWindowProc(HWND hwnd, UINT message, WPARAM wpa
 void RichEditBox::Subclass() {
   if (saved_proc_) return;
   saved_proc_ = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd_, GWLP_WNDPROC));
-  SetPropA(hwnd_, kSavedProcProperty, reinterpret_cast<HANDLE>(saved_proc_));
+  SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(saved_proc_));
   SetWindowLongPtrW(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TextWindowProc));
 }
 
 void RichEditBox::Unsubclass() {
   if (!saved_proc_) return;
   SetWindowLongPtrW(hwnd_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(saved_proc_));
-  RemovePropA(hwnd_, kSavedProcProperty);
+  SetWindowLongPtrW(hwnd_, GWLP_USERDATA, 0);
   saved_proc_ = nullptr;
 }
 
-int64_t RichEditBox::TextLength() {
+int64_t RichEditBox::ControlLength() {
   GETTEXTLENGTHEX how{GTL_NUMCHARS | GTL_PRECISE, 1200};
   return Send(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how));
+}
+
+// Held-back text counts; past the limit it goes in first, to be cut there.
+int64_t RichEditBox::TextLength() {
+  if (!pending_.empty() && max_length_ > 0 && ControlLength() + pending_length_ > max_length_) Settle();
+  return ControlLength() + pending_length_;
+}
+
+// Inside a batch, runs that go one after the other at the end in one colour
+// are held back and go in as one insertion when anything else is asked:
+// each insertion costs the control a pass over its lines, and nothing is
+// drawn inside a batch anyway.
+void RichEditBox::Settle() {
+  if (!pending_.empty()) {
+    const std::wstring text = std::move(pending_);  // the control's notices may call back in
+    pending_.clear();
+    pending_length_ = 0;
+    const int64_t end = ControlLength();
+    SetSelection(end, end);
+    SendColour(pending_colour_);
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+  }
+  if (colour_held_) {
+    colour_held_ = false;
+    const int64_t end = ControlLength();
+    SetSelection(end, end);
+    SendColour(insert_colour_);
+  }
 }
 
 // UTF-16, a CR at each break; the count the control gives, not the first NUL,
@@ -115,10 +145,14 @@ std::wstring RichEditBox::WideText(DWORD flags, int64_t length) {
   return buffer;
 }
 
-std::string RichEditBox::Text() { return ProgramText(WideText(GT_DEFAULT, TextLength())); }
+std::string RichEditBox::Text() {
+  Settle();
+  return ProgramText(WideText(GT_DEFAULT, TextLength())); }
 
 // The new text takes the insertion colour, as inserted text does.
 void RichEditBox::SetText(const std::string& text) {
+  Settle();
+  caret_at_end_ = false;
   SetSelection(0, -1);
   SetSelText(text);
   SetSelStart(0);
@@ -130,6 +164,7 @@ void RichEditBox::SetSelection(int64_t start, int64_t end) {
 }
 
 int64_t RichEditBox::SelStart() {
+  Settle();
   CHARRANGE range{};
   Send(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
   return range.cpMin;
@@ -137,33 +172,60 @@ int64_t RichEditBox::SelStart() {
 
 void RichEditBox::SetSelStart(int64_t position) {
   const int64_t at = position < 0 ? 0 : position;
+  if (batch_ > 0 && at >= TextLength()) {
+    caret_at_end_ = true;
+    if (pending_.empty() && !colour_held_) SetSelection(at, at);
+    return;
+  }
+  Settle();
+  caret_at_end_ = false;
   SetSelection(at, at);
 }
 
 int64_t RichEditBox::SelLength() {
+  Settle();
   CHARRANGE range{};
   Send(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
   return range.cpMax - range.cpMin;
 }
 
 void RichEditBox::SetSelLength(int64_t length) {
+  if (length <= 0 && caret_at_end_ && batch_ > 0) return;
   const int64_t start = SelStart();
+  caret_at_end_ = false;
   SetSelection(start, start + (length < 0 ? 0 : length));
 }
 
-std::string RichEditBox::SelText() { return ProgramText(WideText(GT_SELECTION, SelLength())); }
+std::string RichEditBox::SelText() {
+  Settle();
+  return ProgramText(WideText(GT_SELECTION, SelLength())); }
 
 // EM_REPLACESEL ends its text at the first NUL; a text that holds one goes
 // in through the control's plain-text stream, which is counted.
 void RichEditBox::SetSelText(const std::string& text) {
   const std::wstring wide = ToWide(WithCrLf(text));
-  if (wide.find(L'\0') == std::wstring::npos)
+  const bool has_nul = wide.find(L'\0') != std::wstring::npos;
+  if (batch_ > 0 && caret_at_end_ && colour_held_ && !has_nul) {
+    if (!pending_.empty() && pending_colour_ != insert_colour_) Settle();
+    colour_held_ = true;  // Settle may have applied it; it still holds for the runs after
+    pending_colour_ = insert_colour_;
+    int64_t added = static_cast<int64_t>(wide.size());
+    for (size_t i = 0; i < wide.size(); ++i)
+      if (wide[i] == L'\n' && (i > 0 ? wide[i - 1] == L'\r' : !pending_.empty() && pending_.back() == L'\r'))
+        --added;  // CR LF is one break
+    pending_ += wide;
+    pending_length_ += added;
+    return;
+  }
+  Settle();
+  if (!has_nul)
     Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(wide.c_str()));
   else
     StreamInSelection(hwnd_, wide);
 }
 
 Colour RichEditBox::SelColor() {
+  Settle();
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
@@ -172,6 +234,16 @@ Colour RichEditBox::SelColor() {
 
 // A COLORREF is laid out as the program's colours are: 0x00BBGGRR.
 void RichEditBox::SetSelColor(Colour colour) {
+  if (batch_ > 0 && caret_at_end_) {
+    insert_colour_ = colour;
+    colour_held_ = true;
+    return;
+  }
+  Settle();
+  SendColour(colour);
+}
+
+void RichEditBox::SendColour(Colour colour) {
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   format.dwMask = CFM_COLOR;
@@ -179,12 +251,17 @@ void RichEditBox::SetSelColor(Colour colour) {
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
-std::string RichEditBox::SelRTF() { return StreamOut(hwnd_, true); }
+std::string RichEditBox::SelRTF() {
+  Settle();
+  return StreamOut(hwnd_, true);
+}
 
 // The control takes a document's last paragraph mark as the end of its
 // text; it is put back where the document's text ends in a break, so that
 // what follows starts a line of its own and the lines count right.
 void RichEditBox::SetTextRTF(const std::string& document) {
+  Settle();
+  caret_at_end_ = false;
   StreamIn(hwnd_, document);
   ApplyFont();
   const std::string plain = ReadRtf(document).PlainText();
@@ -203,6 +280,7 @@ wchar_t RichEditBox::CharAt(int64_t position) {
 }
 
 void RichEditBox::SetMaxLength(int32_t length) {
+  Settle();
   max_length_ = length;
   Send(EM_EXLIMITTEXT, 0, length > 0 ? length : kUnlimited);
 }
@@ -210,6 +288,7 @@ void RichEditBox::SetMaxLength(int32_t length) {
 // Formats the whole text: only ever when the font changes or a document
 // comes in, never on the append path (its cost grows with the text).
 void RichEditBox::ApplyFont() {
+  Settle();
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
   format.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD;
@@ -252,13 +331,17 @@ void RichEditBox::Refresh() {
 // SetWordWrapOn and SetWordWrapOff: no target device, line width 0 or 1.
 void RichEditBox::SetWordWrap(bool wrap) { Send(EM_SETTARGETDEVICE, 0, wrap ? 0 : 1); }
 
-int64_t RichEditBox::LineCount() { return Send(EM_GETLINECOUNT); }
+int64_t RichEditBox::LineCount() {
+  Settle();
+  return Send(EM_GETLINECOUNT);
+}
 
 // Reads on from `from` a piece at a time, each twice the last, so finding
 // the first line break (each trim asks for it) costs about the length of the
 // first line, not of the whole text.
 int64_t RichEditBox::Find(char c, int64_t from) {
   const wchar_t wanted = c == '\n' ? L'\r' : static_cast<wchar_t>(static_cast<unsigned char>(c));
+  Settle();
   const int64_t length = TextLength();
   std::wstring buffer;
   int64_t piece = 256;
@@ -274,16 +357,22 @@ int64_t RichEditBox::Find(char c, int64_t from) {
   return -1;
 }
 
-void RichEditBox::LockUpdates(bool locked) { LockWindowUpdate(locked ? hwnd_ : nullptr); }
+void RichEditBox::LockUpdates(bool locked) {
+  Settle();
+  LockWindowUpdate(locked ? hwnd_ : nullptr);
+}
 
 bool RichEditBox::WindowMinimised() { return IsIconic(GetAncestor(hwnd_, GA_ROOT)) != FALSE; }
 
 void RichEditBox::BeginBatch() {
-  if (batch_++ == 0) Send(WM_SETREDRAW, FALSE);
+  if (batch_++ > 0) return;
+  caret_at_end_ = false;  // the user may have moved it since
+  Send(WM_SETREDRAW, FALSE);
 }
 
 void RichEditBox::EndBatch() {
   if (batch_ > 0 && --batch_ == 0) {
+    Settle();
     Send(WM_SETREDRAW, TRUE);
     InvalidateRect(hwnd_, nullptr, TRUE);
   }

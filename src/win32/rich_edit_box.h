@@ -68,6 +68,9 @@ class RichEditBox : public TextBox {
   static LRESULT CALLBACK TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   void SetSelection(int64_t start, int64_t end);
+  int64_t ControlLength();
+  void SendColour(Colour colour);
+  void Settle();
   void ApplyFont();
   std::wstring WideText(DWORD flags, int64_t length);
   wchar_t CharAt(int64_t position);
@@ -79,6 +82,16 @@ class RichEditBox : public TextBox {
   int font_size_ = 10;
   bool font_bold_ = false;
   int batch_ = 0;
+  // Runs held back inside a batch (see Settle): their text with CR LF
+  // breaks, their length in the control's characters, their colour; the
+  // insertion colour asked for and not yet given to the control; whether
+  // the caret was last put at the end.
+  std::wstring pending_;
+  int64_t pending_length_ = 0;
+  Colour pending_colour_ = 0;
+  Colour insert_colour_ = 0;
+  bool colour_held_ = false;
+  bool caret_at_end_ = false;
 };
 
 // The rich text stream of the control: a whole document in, the selection out.
