@@ -124,7 +124,7 @@ void RichEditBox::Settle() {
     const int64_t end = ControlLength();
     SetSelection(end, end);
     SendColour(pending_colour_);
-    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+    InsertAtCaret(text);
   }
   if (colour_held_) {
     colour_held_ = false;
@@ -200,8 +200,6 @@ std::string RichEditBox::SelText() {
   Settle();
   return ProgramText(WideText(GT_SELECTION, SelLength())); }
 
-// EM_REPLACESEL ends its text at the first NUL; a text that holds one goes
-// in through the control's plain-text stream, which is counted.
 void RichEditBox::SetSelText(const std::string& text) {
   const std::wstring wide = ToWide(WithCrLf(text));
   const bool has_nul = wide.find(L'\0') != std::wstring::npos;
@@ -218,10 +216,30 @@ void RichEditBox::SetSelText(const std::string& text) {
     return;
   }
   Settle();
-  if (!has_nul)
-    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(wide.c_str()));
-  else
-    StreamInSelection(hwnd_, wide);
+  InsertAtCaret(wide);
+}
+
+// A line at a time: the control gives every line of one insertion room for
+// all the rest of it (some 8 KB a line for a 100-line block, never given
+// back as lines are trimmed). EM_REPLACESEL ends its text at the first NUL;
+// a line that holds one goes in through the plain-text stream, which is
+// counted.
+void RichEditBox::InsertAtCaret(const std::wstring& text) {
+  if (text.empty()) {
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+    return;
+  }
+  for (size_t from = 0; from < text.size();) {
+    size_t end = text.find_first_of(L"\r\n", from);
+    if (end == std::wstring::npos) end = text.size();
+    else end += text[end] == L'\r' && end + 1 < text.size() && text[end + 1] == L'\n' ? 2 : 1;
+    const std::wstring line = text.substr(from, end - from);
+    if (line.find(L'\0') == std::wstring::npos)
+      Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(line.c_str()));
+    else
+      StreamInSelection(hwnd_, line);
+    from = end;
+  }
 }
 
 Colour RichEditBox::SelColor() {

@@ -71,6 +71,7 @@ class RichEditBox : public TextBox {
   int64_t ControlLength();
   void SendColour(Colour colour);
   void Settle();
+  void InsertAtCaret(const std::wstring& text);
   void ApplyFont();
   std::wstring WideText(DWORD flags, int64_t length);
   wchar_t CharAt(int64_t position);
