@@ -85,8 +85,8 @@ int main(int argc, char** argv) {
   }
   HWND pause = GetDlgItem(control, kIdPause);
   for (int i = 0; i < 1200 && !IsWindowEnabled(pause); ++i) Sleep(100);
-  HANDLE file = CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  HANDLE file = CreateFileA(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                            nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     std::printf("ERROR cannot open %s\n", path.c_str());
     return 1;
@@ -115,31 +115,36 @@ int main(int argc, char** argv) {
   std::printf("START\n");
   std::fflush(stdout);
   shared.start = NowMs();
-  HANDLE writer = CreateThread(nullptr, 0, [](LPVOID data) -> DWORD {
-    auto* s = static_cast<Shared*>(data);
-    while (NowMs() - s->start < s->seconds * 1000.0) {
-      const double now = NowMs();
-      const long long due = static_cast<long long>((now - s->start) / 1000.0 * s->rate) + 1;
-      std::string batch;
-      for (; s->lines < due; ++s->lines) {
-        char line[160];
-        std::snprintf(line, sizeof(line),
-                      "2024-05-01 10:00:00.000 INFO  [worker-3] GET /api/items/%lld 200 1234 bytes in 12 ms\r\n",
-                      s->lines);
-        batch += line;
-      }
-      if (!batch.empty()) {
-        DWORD done = 0;
-        WriteFile(s->file, batch.data(), static_cast<DWORD>(batch.size()), &done, nullptr);
-        EnterCriticalSection(&s->lock);
-        s->written += done;
-        s->pending.push_back({s->written, now});
-        LeaveCriticalSection(&s->lock);
-      }
-      Sleep(10);
-    }
-    return 0;
-  }, &shared, 0, nullptr);
+  HANDLE writer = CreateThread(
+      nullptr, 0,
+      [](LPVOID data) -> DWORD {
+        auto* s = static_cast<Shared*>(data);
+        while (NowMs() - s->start < s->seconds * 1000.0) {
+          const double now = NowMs();
+          const long long due = static_cast<long long>((now - s->start) / 1000.0 * s->rate) + 1;
+          std::string batch;
+          for (; s->lines < due; ++s->lines) {
+            char line[160];
+            std::snprintf(
+                line, sizeof(line),
+                "2024-05-01 10:00:00.000 INFO  [worker-3] GET /api/items/%lld 200 1234 bytes"
+                " in 12 ms\r\n",
+                s->lines);
+            batch += line;
+          }
+          if (!batch.empty()) {
+            DWORD done = 0;
+            WriteFile(s->file, batch.data(), static_cast<DWORD>(batch.size()), &done, nullptr);
+            EnterCriticalSection(&s->lock);
+            s->written += done;
+            s->pending.push_back({s->written, now});
+            LeaveCriticalSection(&s->lock);
+          }
+          Sleep(10);
+        }
+        return 0;
+      },
+      &shared, 0, nullptr);
 
   double worst_behind = 0, worst_control = 0, worst_text = 0, sum_behind = 0;
   int samples = 0;
@@ -148,7 +153,8 @@ int main(int argc, char** argv) {
     worst_text = std::max(worst_text, AnswerMs(text));
     const long long shown = ShownBytes(text);
     EnterCriticalSection(&shared.lock);
-    while (!shared.pending.empty() && shared.pending.front().first <= shown) shared.pending.pop_front();
+    while (!shared.pending.empty() && shared.pending.front().first <= shown)
+      shared.pending.pop_front();
     const double behind = shared.pending.empty() ? 0 : NowMs() - shared.pending.front().second;
     LeaveCriticalSection(&shared.lock);
     worst_behind = std::max(worst_behind, behind);
@@ -175,7 +181,8 @@ int main(int argc, char** argv) {
   std::printf("lines written      %lld at %d lines/s over %.0f s\n", lines, rate, seconds);
   std::printf("behind the file    worst %.0f ms, mean %.0f ms (one poll: 500 ms)\n", worst_behind,
               samples ? sum_behind / samples : 0.0);
-  std::printf("windows answer     control worst %.0f ms, text worst %.0f ms\n", worst_control, worst_text);
+  std::printf("windows answer     control worst %.0f ms, text worst %.0f ms\n", worst_control,
+              worst_text);
   std::printf("pause acts after   %.0f ms\n", pause_ms);
   return 0;
 }

@@ -108,13 +108,15 @@ int64_t RichEditBox::ControlLength() {
 
 // Held-back text counts; past the limit it goes in first, to be cut there.
 int64_t RichEditBox::TextLength() {
-  if (!pending_.empty() && max_length_ > 0 && ControlLength() + pending_length_ > max_length_) Settle();
+  if (!pending_.empty() && max_length_ > 0 && ControlLength() + pending_length_ > max_length_)
+    Settle();
   return ControlLength() + pending_length_;
 }
 
 // Inside a batch, runs that go one after the other at the end in one colour
-// are held back and go in as one insertion when anything else is asked:
-// each insertion costs the control a pass over its lines, and nothing is
+// are held back, with the caret moves and colour changes around them, and
+// go in together when anything else is asked: the program asks for the
+// length, the caret and the colour again before every line, and nothing is
 // drawn inside a batch anyway.
 void RichEditBox::Settle() {
   if (!pending_.empty()) {
@@ -134,20 +136,10 @@ void RichEditBox::Settle() {
   }
 }
 
-// UTF-16, a CR at each break; the count the control gives, not the first NUL,
-// ends it.
-std::wstring RichEditBox::WideText(DWORD flags, int64_t length) {
-  std::wstring buffer(static_cast<size_t>(length) + 1, L'\0');
-  GETTEXTEX how{static_cast<DWORD>(buffer.size() * sizeof(wchar_t)), flags, 1200, nullptr, nullptr};
-  const LRESULT n = Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how),
-                         reinterpret_cast<LPARAM>(buffer.data()));
-  buffer.resize(n > 0 && static_cast<size_t>(n) < buffer.size() ? static_cast<size_t>(n) : 0);
-  return buffer;
-}
-
 std::string RichEditBox::Text() {
   Settle();
-  return ProgramText(WideText(GT_DEFAULT, TextLength())); }
+  return ProgramText(WideText(GT_DEFAULT, TextLength()));
+}
 
 // The new text takes the insertion colour, as inserted text does.
 void RichEditBox::SetText(const std::string& text) {
@@ -198,7 +190,8 @@ void RichEditBox::SetSelLength(int64_t length) {
 
 std::string RichEditBox::SelText() {
   Settle();
-  return ProgramText(WideText(GT_SELECTION, SelLength())); }
+  return ProgramText(WideText(GT_SELECTION, SelLength()));
+}
 
 void RichEditBox::SetSelText(const std::string& text) {
   const std::wstring wide = ToWide(WithCrLf(text));
@@ -209,7 +202,8 @@ void RichEditBox::SetSelText(const std::string& text) {
     pending_colour_ = insert_colour_;
     int64_t added = static_cast<int64_t>(wide.size());
     for (size_t i = 0; i < wide.size(); ++i)
-      if (wide[i] == L'\n' && (i > 0 ? wide[i - 1] == L'\r' : !pending_.empty() && pending_.back() == L'\r'))
+      if (wide[i] == L'\n' &&
+          (i > 0 ? wide[i - 1] == L'\r' : !pending_.empty() && pending_.back() == L'\r'))
         --added;  // CR LF is one break
     pending_ += wide;
     pending_length_ += added;
@@ -217,29 +211,6 @@ void RichEditBox::SetSelText(const std::string& text) {
   }
   Settle();
   InsertAtCaret(wide);
-}
-
-// A line at a time: the control gives every line of one insertion room for
-// all the rest of it (some 8 KB a line for a 100-line block, never given
-// back as lines are trimmed). EM_REPLACESEL ends its text at the first NUL;
-// a line that holds one goes in through the plain-text stream, which is
-// counted.
-void RichEditBox::InsertAtCaret(const std::wstring& text) {
-  if (text.empty()) {
-    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
-    return;
-  }
-  for (size_t from = 0; from < text.size();) {
-    size_t end = text.find_first_of(L"\r\n", from);
-    if (end == std::wstring::npos) end = text.size();
-    else end += text[end] == L'\r' && end + 1 < text.size() && text[end + 1] == L'\n' ? 2 : 1;
-    const std::wstring line = text.substr(from, end - from);
-    if (line.find(L'\0') == std::wstring::npos)
-      Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(line.c_str()));
-    else
-      StreamInSelection(hwnd_, line);
-    from = end;
-  }
 }
 
 Colour RichEditBox::SelColor() {
@@ -289,12 +260,6 @@ void RichEditBox::SetTextRTF(const std::string& document) {
     Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\r"));
   }
   SetSelStart(TextLength());
-}
-
-wchar_t RichEditBox::CharAt(int64_t position) {
-  wchar_t buffer[2] = {};
-  TEXTRANGEW range{{static_cast<LONG>(position), static_cast<LONG>(position + 1)}, buffer};
-  return Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range)) == 1 ? buffer[0] : L'\0';
 }
 
 void RichEditBox::SetMaxLength(int32_t length) {
@@ -352,27 +317,6 @@ void RichEditBox::SetWordWrap(bool wrap) { Send(EM_SETTARGETDEVICE, 0, wrap ? 0 
 int64_t RichEditBox::LineCount() {
   Settle();
   return Send(EM_GETLINECOUNT);
-}
-
-// Reads on from `from` a piece at a time, each twice the last, so finding
-// the first line break (each trim asks for it) costs about the length of the
-// first line, not of the whole text.
-int64_t RichEditBox::Find(char c, int64_t from) {
-  const wchar_t wanted = c == '\n' ? L'\r' : static_cast<wchar_t>(static_cast<unsigned char>(c));
-  Settle();
-  const int64_t length = TextLength();
-  std::wstring buffer;
-  int64_t piece = 256;
-  for (int64_t at = from < 0 ? length : from; at < length; at += piece, piece = std::min<int64_t>(piece * 2, 1 << 16)) {
-    const int64_t end = std::min(at + piece, length);
-    buffer.assign(static_cast<size_t>(end - at) + 1, L'\0');
-    TEXTRANGEW range{{static_cast<LONG>(at), static_cast<LONG>(end)}, buffer.data()};
-    const LRESULT n = Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
-    for (LRESULT i = 0; i < n; ++i)
-      if (buffer[static_cast<size_t>(i)] == wanted) return at + i;
-    if (n <= 0) break;
-  }
-  return -1;
 }
 
 void RichEditBox::LockUpdates(bool locked) {

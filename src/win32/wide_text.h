@@ -9,6 +9,8 @@ namespace ferrow::win32 {
 
 std::wstring ToWide(const std::string& utf8);
 std::string FromWide(const wchar_t* text, size_t length);
-inline std::string FromWide(const std::wstring& text) { return FromWide(text.data(), text.size()); }
+inline std::string FromWide(const std::wstring& text) {
+  return FromWide(text.data(), text.size());
+}
 
 }  // namespace ferrow::win32

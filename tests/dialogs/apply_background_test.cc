@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QPointer>
-#include <QRadioButton>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "control/form1_fixture.h"
 #include "display/themes.h"
@@ -32,7 +32,8 @@ TEST_F(ApplyTheme, ShowsTheNewBackgroundAtOnceWithoutBringFromStart) {
   form->chkFileStart->setChecked(false);
   form->Logic().OK_Click();
   RichTextBox* box = form->TextWindow()->Rtf;
-  ASSERT_NE(box->palette().color(QPalette::Base), ToQColor(paper.BackColour)) << "the test would prove nothing";
+  ASSERT_NE(box->palette().color(QPalette::Base), ToQColor(paper.BackColour))
+      << "the test would prove nothing";
   form->Logic().cmdOptions_Click();
   QPointer<frmSettings> dialog;
   for (QWidget* w : QApplication::topLevelWidgets())

@@ -44,8 +44,9 @@ TEST_F(SoundProblem, IsReportedOnceAndNoLineShowsTwiceThoughTicksRunUnderTheBox)
   ticks.Timer1_Timer();
   Append("three\n");
   ticks.Timer1_Timer();
-  EXPECT_EQ(modal.messages, (std::vector<std::string>{"|Problem encountered playing " +
-                                                      dir.File("missing.wav") + " (disabled sounds)"}));
+  EXPECT_EQ(modal.messages,
+            (std::vector<std::string>{"|Problem encountered playing " + dir.File("missing.wav") +
+                                      " (disabled sounds)"}));
   EXPECT_EQ(Shown(), "one\ntwo\nthree\n");
   EXPECT_EQ(windows.sound_box_clears, 1);
   EXPECT_FALSE(options.PlaySoundOnUpdate);

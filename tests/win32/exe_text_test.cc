@@ -18,20 +18,25 @@ namespace {
 using testing::ReadBytes;
 using testing::WriteBytes;
 
-void Append(const std::string& path, const std::string& bytes) { WriteBytes(path, ReadBytes(path) + bytes); }
+void Append(const std::string& path, const std::string& bytes) {
+  WriteBytes(path, ReadBytes(path) + bytes);
+}
 
 // The box's whole text in UTF-16, as long as the control says (a NUL does
 // not end it), with "\n" at each break.
 std::string ShownText(HWND box) {
   const LRESULT length = SendMessageW(box, WM_GETTEXTLENGTH, 0, 0);
   std::wstring text(static_cast<size_t>(length) + 1, L'\0');
-  const LRESULT got = SendMessageW(box, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  const LRESULT got =
+      SendMessageW(box, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   text.resize(got > 0 ? static_cast<size_t>(got) : 0);
   const std::string utf8 = FromWide(text);
   std::string out;
   for (size_t i = 0; i < utf8.size(); ++i) {
-    if (utf8[i] != '\r') out += utf8[i];
-    else if (i + 1 >= utf8.size() || utf8[i + 1] != '\n') out += '\n';
+    if (utf8[i] != '\r')
+      out += utf8[i];
+    else if (i + 1 >= utf8.size() || utf8[i + 1] != '\n')
+      out += '\n';
   }
   return out;
 }
@@ -112,7 +117,8 @@ TEST_F(FerrowExeText, ApplyingAThemeShowsItsBackgroundAtOnceWithoutBringFromStar
   const int paper_button = Win32SettingsDialog::ThemeId(2);
   PostMessageA(GetDlgItem(settings, paper_button), BM_CLICK, 0, 0);
   ASSERT_TRUE(WaitUntil([&] { return IsDlgButtonChecked(settings, paper_button) == BST_CHECKED; }));
-  PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kOK)), BM_CLICK, 0, 0);
+  PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kOK)), BM_CLICK, 0,
+               0);
   ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(settings); }));
   ASSERT_TRUE(Ready());
   EXPECT_TRUE(WaitUntil([&] { return BackgroundOf(ferrow.TextWindow()) == paper_back; }, 3000))

@@ -262,7 +262,8 @@ LRESULT CALLBACK CountCalls(HWND hwnd, UINT message, WPARAM wparam, LPARAM lpara
 
 std::string NumberedLines(int from, int to) {
   std::string text;
-  for (int i = from; i <= to; ++i) text += "2024-05-01 10:00:00 GET /index.html 200 line " + std::to_string(i) + "\r\n";
+  for (int i = from; i <= to; ++i)
+    text += "2024-05-01 10:00:00 GET /index.html 200 line " + std::to_string(i) + "\r\n";
   return text;
 }
 
@@ -319,7 +320,8 @@ TEST_F(Win32TextWindowTest, TheFirstLineAppendedAfterALoadIsALineOfItsOwn) {
 // Accents, the euro sign, CJK and a character beyond the first plane: in as
 // UTF-8 and back out the same, as plain text and as rich text.
 TEST_F(Win32TextWindowTest, AnyCharacterShowsAndReadsBack) {
-  const std::string line = "caf\xC3\xA9 \xE2\x82\xAC 5 \xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x98\x80 na\xC3\xAFve";
+  const std::string line =
+      "caf\xC3\xA9 \xE2\x82\xAC 5 \xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x98\x80 na\xC3\xAFve";
   Load();
   AppendTextBlock(session, window->Rtf(), line + "\r\n", false);
   EXPECT_EQ(window->Rtf().Text(), line + "\n");
