@@ -45,21 +45,26 @@ bool Follower::HasFileChanged(const std::string& file_name, bool limit_high_wate
     o.LastFileSize = length;
     decoder_.StartFile();
   }
-  bool result = false;
-  if (length - o.LastFileSize > 0) {
-    if (!limit_high_water_mark || length > o.HighWaterMark)
-      ReadChangedFile(file_name, o.LastFileSize + 1);
-    if (o.PlaySoundOnUpdate && !PlayWav(o.UpdateSound)) {
-      session_.ui.ShowMessage("Problem encountered playing " + o.UpdateSound + " (disabled sounds)",
-                              "", MessageIcon::Critical);
-      o.PlaySoundOnUpdate = false;
-      windows_.ClearPlaySoundCheckBox();
-    }
-    if (o.AlertOnUpdate) windows_.FlashTextWindow();
-    result = true;
+  if (length - o.LastFileSize <= 0) {
+    o.LastFileSize = o.HighWaterMark = length;
+    return false;
   }
+  if (!limit_high_water_mark || length > o.HighWaterMark) ReadChangedFile(file_name, o.LastFileSize + 1);
+  bool sound_failed = false;
+  if (o.PlaySoundOnUpdate && !PlayWav(o.UpdateSound)) {
+    o.PlaySoundOnUpdate = false;
+    windows_.ClearPlaySoundCheckBox();
+    sound_failed = true;
+  }
+  if (o.AlertOnUpdate) windows_.FlashTextWindow();
   o.LastFileSize = o.HighWaterMark = length;
-  return result;
+  // The message box lets ticks run inside it: by then the marks have moved
+  // past what was shown and the sound is off, so a tick inside shows only
+  // what is new and opens no second box; nor are the marks set back after it.
+  if (sound_failed)
+    session_.ui.ShowMessage("Problem encountered playing " + o.UpdateSound + " (disabled sounds)", "",
+                            MessageIcon::Critical);
+  return true;
 }
 
 void Follower::ReadChangedFile(const std::string& file_name, int64_t from_pos) {

@@ -70,6 +70,9 @@ void Follower::RestartFollowing() {
   box.SetFontName(o.Font);
   box.SetFontSize(o.FontSize);
   box.SetFontBold(o.FontBold);
+  // The theme's background at once: without bring-from-start no load follows
+  // to set it, and the new text colour would show on the old background.
+  box.SetBackColor(o.BackColour);
   SetWordWrapOff(box);  // a right margin of 200000: lines do not wrap
   box.SetText("");
 

@@ -1,8 +1,8 @@
 // The text window's box over a real rich-edit control: Msftedit's
-// "RICHEDIT50W", or RichEdit 2.0's "RichEdit20A" where that is missing.
+// "RICHEDIT50W", or RichEdit 2.0's "RichEdit20W" where that is missing.
 // Rich text goes in and out through the control's own stream; text through
-// its selection messages, in the ANSI code page. Positions count
-// characters, a line break (the control's CR) as one.
+// its selection messages, in UTF-16, so any character shows and reads back.
+// Positions count UTF-16 units, a line break (the control's CR) as one.
 #pragma once
 
 #include <windows.h>
@@ -68,8 +68,13 @@ class RichEditBox : public TextBox {
   static LRESULT CALLBACK TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   void SetSelection(int64_t start, int64_t end);
+  int64_t ControlLength();
+  void SendColour(Colour colour);
+  void Settle();
+  void InsertAtCaret(const std::wstring& text);
   void ApplyFont();
-  std::string AnsiText();
+  std::wstring WideText(DWORD flags, int64_t length);
+  wchar_t CharAt(int64_t position);
 
   HWND hwnd_ = nullptr;
   WNDPROC saved_proc_ = nullptr;
@@ -78,10 +83,22 @@ class RichEditBox : public TextBox {
   int font_size_ = 10;
   bool font_bold_ = false;
   int batch_ = 0;
+  // Runs held back inside a batch (see Settle): their text with CR LF
+  // breaks, their length in the control's characters, their colour; the
+  // insertion colour asked for and not yet given to the control; whether
+  // the caret was last put at the end.
+  std::wstring pending_;
+  int64_t pending_length_ = 0;
+  Colour pending_colour_ = 0;
+  Colour insert_colour_ = 0;
+  bool colour_held_ = false;
+  bool caret_at_end_ = false;
 };
 
 // The rich text stream of the control: a whole document in, the selection out.
 void StreamIn(HWND control, const std::string& document);
+// Plain UTF-16 text in place of the selection, NULs included.
+void StreamInSelection(HWND control, const std::wstring& text);
 std::string StreamOut(HWND control, bool selection_only);
 
 }  // namespace ferrow::win32

@@ -74,6 +74,14 @@ void StreamIn(HWND control, const std::string& document) {
   SendMessageA(control, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
 }
 
+void StreamInSelection(HWND control, const std::wstring& text) {
+  const std::string bytes(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t));
+  Reading reading{&bytes, 0};
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&reading), 0, ReadChunk};
+  SendMessageW(control, EM_STREAMIN, SF_TEXT | SF_UNICODE | SFF_SELECTION,
+               reinterpret_cast<LPARAM>(&stream));
+}
+
 std::string StreamOut(HWND control, bool selection_only) {
   std::string out;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&out), 0, WriteChunk};

@@ -159,9 +159,9 @@ TEST_F(EncodedLogWin32, CopyAsRtfGivesTheShownTextBack) {
   }
 }
 
-// Waits for the box to take its text as Unicode (it converts through the ANSI
-// code page, which has no Greek and no emoji).
-TEST_F(EncodedLogWin32, DISABLED_LettersBeyondTheAnsiCodePageLoadGrowAndCopy) {
+// The box takes its text as Unicode: Greek and emoji show whatever the ANSI
+// code page holds.
+TEST_F(EncodedLogWin32, LettersBeyondTheAnsiCodePageLoadGrowAndCopy) {
   for (const auto& file : ferrow::testing::EveryEncoding(kWideLines, false)) {
     LoadAndGrow(file, kWideLines, 3);
     follower.LoadFileToTextBox(log, window->Rtf(), 0);

@@ -140,7 +140,7 @@ HWND FerrowProcess::TextBox() {
   HWND window = TextWindow();
   if (!window) return nullptr;
   HWND box = FindWindowExA(window, nullptr, "RICHEDIT50W", nullptr);
-  return box ? box : FindWindowExA(window, nullptr, "RichEdit20A", nullptr);
+  return box ? box : FindWindowExA(window, nullptr, "RichEdit20W", nullptr);
 }
 
 std::string FerrowProcess::MessageText(HWND box) {

@@ -82,6 +82,12 @@ class FerrowExeTest : public ::testing::Test {
   std::string Title(int64_t size, int lines) {
     return "Ferrow - " + log + " (" + GroupDigits(size) + " bytes) [" + std::to_string(lines) + "]";
   }
+  // The line count in the title.
+  int TitleLines() {
+    const std::string title = TextOf(ferrow.TextWindow());
+    const size_t open = title.rfind('[');
+    return open == std::string::npos ? -1 : std::atoi(title.c_str() + open + 1);
+  }
   // The text window's whole text, "\n" at each line break.
   std::string Shown() { return UnixLineBreaks(TextOf(ferrow.TextBox())); }
   HWND Button(int id) { return GetDlgItem(ferrow.ControlWindow(), id); }

@@ -5,10 +5,13 @@
 #include <gtest/gtest.h>
 #include <richedit.h>
 
+#include <commctrl.h>
+
 #include <cstdlib>
 
 #include "display/append_block.h"
 #include "display/filters.h"
+#include "display/rich_document.h"
 #include "display/rtf_compose.h"
 #include "display/text_ops.h"
 #include "testing/fake_control_window.h"
@@ -99,7 +102,8 @@ TEST_F(Win32TextWindowTest, TheBoxIsARealRichEditControl) {
   char name[64] = {};
   GetClassNameA(box(), name, sizeof(name));
   EXPECT_EQ(lstrcmpiA(name, RichEditBox::ClassName()), 0) << name;
-  EXPECT_TRUE(lstrcmpiA(name, "RICHEDIT50W") == 0 || lstrcmpiA(name, "RichEdit20A") == 0) << name;
+  EXPECT_TRUE(lstrcmpiA(name, "RICHEDIT50W") == 0 || lstrcmpiA(name, "RichEdit20W") == 0) << name;
+  EXPECT_TRUE(IsWindowUnicode(box())) << "text would pass through the ANSI code page";
 }
 
 TEST_F(Win32TextWindowTest, AppendedLinesShowInTheirColoursAndCountAsLines) {
@@ -126,8 +130,7 @@ TEST_F(Win32TextWindowTest, TheInitialDocumentGoesInThroughTheRichTextStream) {
   Load();
   window->Rtf().SetTextRTF(
       ComposeInitialDocument(session, {"start", "Error 5", "{x} caf\xC3\xA9"}, 10, false));
-  // The control takes the last "\par" as the end of its text.
-  EXPECT_EQ(window->Rtf().Text(), "start\nError 5\n{x} caf\xC3\xA9");
+  EXPECT_EQ(window->Rtf().Text(), "start\nError 5\n{x} caf\xC3\xA9\n");
   EXPECT_EQ(window->Rtf().SelStart(), window->Rtf().TextLength());
   window->Rtf().SetSelStart(6);
   window->Rtf().SetSelLength(7);
@@ -234,6 +237,110 @@ TEST_F(Win32TextWindowTest, AWindowClosedInsideAWaitIsDestroyedOnlyAfterTheWait)
   EXPECT_EQ(session.gate.EventPasses(), 0);
   real.SetEventsHook(nullptr);
   closed = true;  // outside any wait the window goes
+}
+
+// What the box is asked while the program appends: reformatting or copying
+// the whole text costs more the more text there is.
+struct BoxCalls {
+  int whole_format = 0;  // EM_SETCHARFORMAT over all the text
+  int whole_copies = 0;  // the whole text or stream out
+  int64_t range_read = 0;  // characters read through EM_GETTEXTRANGE
+};
+
+LRESULT CALLBACK CountCalls(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR,
+                            DWORD_PTR data) {
+  auto* calls = reinterpret_cast<BoxCalls*>(data);
+  if (message == EM_SETCHARFORMAT && (wparam & SCF_ALL)) ++calls->whole_format;
+  if (message == EM_GETTEXTEX || message == WM_GETTEXT || message == EM_STREAMOUT) ++calls->whole_copies;
+  if (message == EM_GETTEXTRANGE) {
+    const auto* range = reinterpret_cast<const TEXTRANGEW*>(lparam);
+    const LONG end = range->chrg.cpMax < 0 ? 1 << 30 : range->chrg.cpMax;
+    calls->range_read += end - range->chrg.cpMin;
+  }
+  return DefSubclassProc(hwnd, message, wparam, lparam);
+}
+
+std::string NumberedLines(int from, int to) {
+  std::string text;
+  for (int i = from; i <= to; ++i)
+    text += "2024-05-01 10:00:00 GET /index.html 200 line " + std::to_string(i) + "\r\n";
+  return text;
+}
+
+// The window's buffer full, every append also trims: neither reformats nor
+// copies the whole text, so an append costs the same at any length.
+TEST_F(Win32TextWindowTest, AnAppendToAFullWindowNeitherReformatsNorCopiesTheWholeText) {
+  options.MaxInputLength = 30000;
+  Load();
+  AppendTextBlock(session, window->Rtf(), NumberedLines(1, 1000), true);
+  ASSERT_LE(window->Rtf().TextLength(), 30000 + 100);
+  BoxCalls calls;
+  ASSERT_TRUE(SetWindowSubclass(box(), &CountCalls, 1, reinterpret_cast<DWORD_PTR>(&calls)));
+  for (int i = 1001; i <= 1010; ++i) AppendTextBlock(session, window->Rtf(), NumberedLines(i, i), i % 2 == 0);
+  RemoveWindowSubclass(box(), &CountCalls, 1);
+  EXPECT_EQ(calls.whole_format, 0);
+  EXPECT_EQ(calls.whole_copies, 0);
+  EXPECT_LT(calls.range_read, 10 * 1024) << "reads to the first line break, not the whole text";
+  const std::string text = window->Rtf().Text();
+  const std::string last = "2024-05-01 10:00:00 GET /index.html 200 line 1009\n"
+                           "2024-05-01 10:00:00 GET /index.html 200 line 1010\n";
+  ASSERT_GT(text.size(), last.size());
+  EXPECT_EQ(text.substr(text.size() - last.size()), last);
+  EXPECT_EQ(text.rfind("2024-05-01", 0), 0u) << "begins with a whole line";
+}
+
+// The font is set again after every run; only a new name reformats the text.
+TEST_F(Win32TextWindowTest, ANewFontNameReachesTheWholeText) {
+  Load();
+  AppendTextBlock(session, window->Rtf(), "one\r\ntwo\r\n", false);
+  window->Rtf().SetFontName("Arial");
+  window->Rtf().SetSelStart(0);
+  window->Rtf().SetSelLength(window->Rtf().TextLength());
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  SendMessageW(box(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  EXPECT_TRUE(format.dwMask & CFM_FACE);
+  EXPECT_EQ(std::wstring(format.szFaceName), L"Arial");
+}
+
+// The control takes a document's last "\par" as the end of its text; the
+// window keeps it, as the other front-end does, so the next line is a line
+// of its own and the lines count right.
+TEST_F(Win32TextWindowTest, TheFirstLineAppendedAfterALoadIsALineOfItsOwn) {
+  Load();
+  window->Rtf().SetTextRTF(ComposeInitialDocument(session, {"one", "two", "three"}, 10, false));
+  EXPECT_EQ(window->Rtf().Text(), "one\ntwo\nthree\n");
+  AppendTextBlock(session, window->Rtf(), "four\r\n", false);
+  AppendTextBlock(session, window->Rtf(), "five\r\nsix\r\n", true);
+  EXPECT_EQ(window->Rtf().Text(), "one\ntwo\nthree\nfour\nfive\nsix\n");
+  EXPECT_EQ(WindowText(box()), "one\ntwo\nthree\nfour\nfive\nsix\n");
+  EXPECT_EQ(GetLineCount(window->Rtf()), 7);
+}
+
+// Accents, the euro sign, CJK and a character beyond the first plane: in as
+// UTF-8 and back out the same, as plain text and as rich text.
+TEST_F(Win32TextWindowTest, AnyCharacterShowsAndReadsBack) {
+  const std::string line =
+      "caf\xC3\xA9 \xE2\x82\xAC 5 \xE6\xBC\xA2\xE5\xAD\x97 \xF0\x9F\x98\x80 na\xC3\xAFve";
+  Load();
+  AppendTextBlock(session, window->Rtf(), line + "\r\n", false);
+  EXPECT_EQ(window->Rtf().Text(), line + "\n");
+  window->Rtf().SetSelStart(0);
+  window->Rtf().SetSelLength(window->Rtf().TextLength());
+  EXPECT_EQ(window->Rtf().SelText(), line + "\n");
+  const std::string rtf = window->Rtf().SelRTF();
+  EXPECT_EQ(ReadRtf(rtf).PlainText().substr(0, line.size()), line) << rtf;
+  window->Rtf().SetTextRTF(ComposeInitialDocument(session, {line, "error " + line}, 10, false));
+  EXPECT_EQ(window->Rtf().Text(), line + "\nerror " + line + "\n");
+}
+
+// EM_REPLACESEL ends at a NUL; what follows it in the block still shows,
+// with quick scroll on and off.
+TEST_F(Win32TextWindowTest, TextAfterANulByteIsShown) {
+  Load();
+  AppendTextBlock(session, window->Rtf(), std::string("ab\0cd\r\nef\r\n", 11), false);
+  AppendTextBlock(session, window->Rtf(), std::string("gh\0ij\r\nkl\r\n", 11), true);
+  EXPECT_EQ(window->Rtf().Text(), std::string("ab\0cd\nef\ngh\0ij\nkl\n", 18));
 }
 
 // A picture of the window for review, when FERROW_SCREENSHOTS names a folder.

@@ -1,0 +1,77 @@
+// The box's plain text in pieces: read as long as the control says, found
+// without copying the whole text, inserted a line at a time.
+#include <richedit.h>
+
+#include <algorithm>
+
+#include "win32/rich_edit_box.h"
+
+namespace ferrow::win32 {
+
+// UTF-16, a CR at each break; the count the control gives, not the first NUL,
+// ends it.
+std::wstring RichEditBox::WideText(DWORD flags, int64_t length) {
+  std::wstring buffer(static_cast<size_t>(length) + 1, L'\0');
+  GETTEXTEX how{static_cast<DWORD>(buffer.size() * sizeof(wchar_t)), flags, 1200, nullptr, nullptr};
+  const LRESULT n =
+      Send(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(buffer.data()));
+  buffer.resize(n > 0 && static_cast<size_t>(n) < buffer.size() ? static_cast<size_t>(n) : 0);
+  return buffer;
+}
+
+wchar_t RichEditBox::CharAt(int64_t position) {
+  wchar_t buffer[2] = {};
+  TEXTRANGEW range{{static_cast<LONG>(position), static_cast<LONG>(position + 1)}, buffer};
+  return Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range)) == 1 ? buffer[0] : L'\0';
+}
+
+// Ten lines at a time: the control gives every line of one insertion room
+// for all the rest of it (some 8 KB a line for a 100-line block, not given
+// back as lines are trimmed), while each insertion costs it a pass over its
+// lines. EM_REPLACESEL ends its text at the first NUL; a piece that holds
+// one goes in through the plain-text stream, which is counted.
+void RichEditBox::InsertAtCaret(const std::wstring& text) {
+  if (text.empty()) {
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+    return;
+  }
+  constexpr int kLinesPerInsertion = 10;
+  for (size_t from = 0; from < text.size();) {
+    size_t end = from;
+    for (int lines = 0; lines < kLinesPerInsertion && end < text.size(); ++lines) {
+      end = text.find_first_of(L"\r\n", end);
+      if (end == std::wstring::npos) end = text.size();
+      else end += text[end] == L'\r' && end + 1 < text.size() && text[end + 1] == L'\n' ? 2 : 1;
+    }
+    const std::wstring piece = text.substr(from, end - from);
+    if (piece.find(L'\0') == std::wstring::npos)
+      Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(piece.c_str()));
+    else
+      StreamInSelection(hwnd_, piece);
+    from = end;
+  }
+}
+
+// Reads on from `from` a piece at a time, each twice the last, so finding
+// the first line break (each trim asks for it) costs about the length of the
+// first line, not of the whole text.
+int64_t RichEditBox::Find(char c, int64_t from) {
+  const wchar_t wanted = c == '\n' ? L'\r' : static_cast<wchar_t>(static_cast<unsigned char>(c));
+  Settle();
+  const int64_t length = TextLength();
+  std::wstring buffer;
+  int64_t piece = 256;
+  for (int64_t at = from < 0 ? length : from; at < length;
+       at += piece, piece = std::min<int64_t>(piece * 2, 1 << 16)) {
+    const int64_t end = std::min(at + piece, length);
+    buffer.assign(static_cast<size_t>(end - at) + 1, L'\0');
+    TEXTRANGEW range{{static_cast<LONG>(at), static_cast<LONG>(end)}, buffer.data()};
+    const LRESULT n = Send(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
+    for (LRESULT i = 0; i < n; ++i)
+      if (buffer[static_cast<size_t>(i)] == wanted) return at + i;
+    if (n <= 0) break;
+  }
+  return -1;
+}
+
+}  // namespace ferrow::win32
