@@ -257,6 +257,7 @@ void RichEditBox::SetTextRTF(const std::string& document) {
   StreamIn(hwnd_, document);
   ApplyFont();
   const std::string plain = ReadRtf(document).PlainText();
+  RestoreNuls(ToWide(plain));
   const int64_t length = TextLength();
   if (!plain.empty() && plain.back() == '\n' && (length == 0 || CharAt(length - 1) != L'\r')) {
     SetSelection(length, length);

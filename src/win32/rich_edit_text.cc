@@ -52,6 +52,16 @@ void RichEditBox::InsertAtCaret(const std::wstring& text) {
   }
 }
 
+// The control streams a NUL of a document in as a blank; plain text keeps it.
+// Each one goes back where the document has it, in the colour of its place
+// (a paragraph mark counts one character both in `plain` and in the control).
+void RichEditBox::RestoreNuls(const std::wstring& plain) {
+  for (size_t at = plain.find(L'\0'); at != std::wstring::npos; at = plain.find(L'\0', at + 1)) {
+    SetSelection(static_cast<int64_t>(at), static_cast<int64_t>(at) + 1);
+    InsertAtCaret(std::wstring(1, L'\0'));
+  }
+}
+
 // Reads on from `from` a piece at a time, each twice the last, so finding
 // the first line break (each trim asks for it) costs about the length of the
 // first line, not of the whole text.
