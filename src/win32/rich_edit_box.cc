@@ -16,17 +16,6 @@ namespace {
 // No limit, as far as the control goes.
 constexpr LPARAM kUnlimited = 0x7FFFFFFE;
 
-// The control's breaks (CR) as the program's ("\n").
-std::string ProgramBreaks(const std::string& text) {
-  std::string out;
-  out.reserve(text.size());
-  for (size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') out += text[i];
-    else if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
-  }
-  return out;
-}
-
 struct RichEditClass {
   const char* name;
   const wchar_t* wide;
@@ -41,8 +30,6 @@ const RichEditClass& LoadRichEdit() {
   return kind;
 }
 
-// A control's character as the program's: its break (CR) is "\n".
-std::string ProgramText(const std::wstring& wide) { return ProgramBreaks(FromWide(wide)); }
 
 }  // namespace
 
@@ -243,10 +230,6 @@ void RichEditBox::SendColour(Colour colour) {
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
-std::string RichEditBox::SelRTF() {
-  Settle();
-  return StreamOut(hwnd_, true);
-}
 
 // The control takes a document's last paragraph mark as the end of its
 // text; it is put back where the document's text ends in a break, so that

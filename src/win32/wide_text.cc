@@ -24,4 +24,14 @@ std::string FromWide(const wchar_t* text, size_t length) {
   return out;
 }
 
+std::string ProgramBreaks(const std::string& text) {
+  std::string out;
+  out.reserve(text.size());
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r') out += text[i];
+    else if (i + 1 >= text.size() || text[i + 1] != '\n') out += '\n';
+  }
+  return out;
+}
+
 }  // namespace ferrow::win32

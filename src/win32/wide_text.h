@@ -13,4 +13,9 @@ inline std::string FromWide(const std::wstring& text) {
   return FromWide(text.data(), text.size());
 }
 
+// The control's breaks (CR, or CR LF) as the program's ("\n").
+std::string ProgramBreaks(const std::string& text);
+// A control's text as the program's: UTF-8, "\n" at each break.
+inline std::string ProgramText(const std::wstring& wide) { return ProgramBreaks(FromWide(wide)); }
+
 }  // namespace ferrow::win32

@@ -33,12 +33,9 @@ std::string Shown(const std::string& lines) {
   return out;
 }
 
-// What the box shows after a load: it takes the last "\par" as the end of its text.
-std::string Loaded(const std::string& lines) {
-  std::string shown = Shown(lines);
-  if (!shown.empty() && shown.back() == '\n') shown.pop_back();
-  return shown;
-}
+// What the box shows after a load: the lines, each with its break, as the
+// Qt window shows them.
+std::string Loaded(const std::string& lines) { return Shown(lines); }
 
 // The characters of UTF-8 `text` as the box counts them (UTF-16 units).
 int64_t Characters(const std::string& text) {
