@@ -1,5 +1,6 @@
 #include "qt/qt_window_services.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -40,7 +41,9 @@ bool QtWindowServices::AskYesNo(const std::string& text, const std::string& titl
 std::string QtWindowServices::OpenFileName(const std::string& title, const std::string& filter,
                                            const std::string& start_folder) {
   MaybeEventPass pass(gate);
-  return FromQt(QFileDialog::getOpenFileName(nullptr, ToQt(title), ToQt(start_folder),
+  // Owned by the window the user asked from (the settings dialog for its
+  // sound), so it stays above it; a start that names a file is selected.
+  return FromQt(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(title), ToQt(start_folder),
                                              ToQt(QtFileFilter(filter))));
 }
 
