@@ -91,7 +91,9 @@ TEST_F(Win32Names, ATypedNameIsNeverTurnedIntoALookAlike) {
 // The best-fit forms Windows offers ("o" for "\u014d") could be another file.
 TEST_F(Win32Names, ANameIsNeverTurnedIntoALookAlike) {
   std::string ansi;
-  if (GetACP() == 1252) EXPECT_FALSE(ToAnsiExactly(L"C:\\logs\\t\u014dky\u014d.log", &ansi));
+  if (GetACP() == 1252) {
+    EXPECT_FALSE(ToAnsiExactly(L"C:\\logs\\t\u014dky\u014d.log", &ansi));
+  }
   EXPECT_EQ(ansi, "");
   EXPECT_TRUE(ToAnsiExactly(L"C:\\logs\\plain.log", &ansi));
   EXPECT_EQ(ansi, "C:\\logs\\plain.log");
