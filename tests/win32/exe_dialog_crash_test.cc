@@ -18,6 +18,31 @@ namespace {
 using testing::ReadBytes;
 using testing::WriteBytes;
 
+// Clicks `button` until the window it opens shows. A click that lands while
+// an open ends is dropped, as any request inside a running operation; the
+// user then clicks again.
+HWND ClickUntilShown(FerrowProcess& ferrow, HWND button, const char* window_class, const char* title) {
+  for (int click = 0; click < 10; ++click) {
+    PostMessageA(button, BM_CLICK, 0, 0);
+    if (HWND shown = ferrow.Window(window_class, title, 1500)) return shown;
+  }
+  return nullptr;
+}
+
+// ferrow.exe following `log`, its settings dialog up, then the log's
+// open-file dialog over it.
+struct DialogsUp {
+  HWND control = nullptr, settings = nullptr, browse = nullptr;
+};
+DialogsUp SettingsThenBrowse(FerrowProcess& ferrow, const std::string& log) {
+  DialogsUp up;
+  if (!ferrow.Start("/F \"" + log + "\"") || !(up.control = ferrow.ControlWindow())) return up;
+  up.settings = ClickUntilShown(ferrow, GetDlgItem(up.control, kIdOptions), "FerrowSettings", "Settings");
+  if (up.settings)
+    up.browse = ClickUntilShown(ferrow, GetDlgItem(up.control, kIdBrowse), "#32770", "Select Log File");
+  return up;
+}
+
 // What a random run did before it ended the program with a call through
 // freed memory in the dialog library: Browse, and Browse again from the
 // settings dialog, while the first open-file dialog ran its message loop.
@@ -27,15 +52,8 @@ TEST(ExeDialogCrash, ASecondOpenFileDialogNeverStacksOnTheFirst) {
   const std::string log = ferrow.dir().File("app.log");
   WriteBytes(log, "one\r\ntwo\r\n");
   Writer writer({log}, 7);
-  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
-  HWND control = ferrow.ControlWindow();
-  ASSERT_TRUE(control);
-  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(GetDlgItem(control, kIdOptions)) != FALSE; }));
-  PostMessageA(GetDlgItem(control, kIdOptions), BM_CLICK, 0, 0);
-  HWND settings = ferrow.Window("FerrowSettings", "Settings");
-  ASSERT_TRUE(settings);
-  PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
-  HWND first = ferrow.Window("#32770", "Select Log File");
+  const DialogsUp up = SettingsThenBrowse(ferrow, log);
+  HWND control = up.control, settings = up.settings, first = up.browse;
   ASSERT_TRUE(first);
   HWND sound_browse = GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kBrowseWav));
   for (int i = 0; i < 3; ++i) {
@@ -69,15 +87,8 @@ TEST(ExeDialogCrash, AnEndedOpenFileDialogTakesNoSecondClose) {
   FerrowProcess ferrow;
   const std::string log = ferrow.dir().File("app.log");
   WriteBytes(log, "one\r\ntwo\r\n");
-  ASSERT_TRUE(ferrow.Start("/F \"" + log + "\""));
-  HWND control = ferrow.ControlWindow();
-  ASSERT_TRUE(control);
-  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(GetDlgItem(control, kIdOptions)) != FALSE; }));
-  PostMessageA(GetDlgItem(control, kIdOptions), BM_CLICK, 0, 0);
-  HWND settings = ferrow.Window("FerrowSettings", "Settings");
-  ASSERT_TRUE(settings);
-  PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
-  HWND dialog = ferrow.Window("#32770", "Select Log File");
+  const DialogsUp up = SettingsThenBrowse(ferrow, log);
+  HWND settings = up.settings, dialog = up.browse;
   ASSERT_TRUE(dialog);
   PostMessageA(GetDlgItem(settings, Win32SettingsDialog::IdOf(SettingsControl::kClearHistory)), BM_CLICK, 0, 0);
   HWND box = ferrow.Window("#32770", "Information");
@@ -107,13 +118,7 @@ TEST(ExeDialogCrash, TheOpenFileDialogTakesNoCloseWhileItsOwnBoxWaits) {
   HWND control = ferrow.ControlWindow();
   ASSERT_TRUE(control);
   ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(GetDlgItem(control, kIdBrowse)) != FALSE; }));
-  // Browse is enabled a moment before the open ends, and a click inside a
-  // running operation is dropped; the user then clicks again.
-  HWND dialog = nullptr;
-  for (int click = 0; click < 10 && !dialog; ++click) {
-    PostMessageA(GetDlgItem(control, kIdBrowse), BM_CLICK, 0, 0);
-    dialog = ferrow.Window("#32770", "Select Log File", 1500);
-  }
+  HWND dialog = ClickUntilShown(ferrow, GetDlgItem(control, kIdBrowse), "#32770", "Select Log File");
   ASSERT_TRUE(dialog);
   const std::vector<HWND> children = ChildrenOf(dialog);
   HWND field = nullptr;
