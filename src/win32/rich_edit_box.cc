@@ -46,8 +46,10 @@ RichEditBox::RichEditBox(HWND parent, int id) {
                           GetModuleHandleW(nullptr), nullptr);
   // Read-only for the user, as the other toolkit's box: the control would act
   // on some keys (Backspace) before their character can be discarded.
-  // Undo would keep every trimmed line; the user may not undo anyway.
-  Send(EM_SETUNDOLIMIT, 0);
+  // The user may not undo, but with no undo at all some controls (Wine's)
+  // lose a block of memory for every line break they delete, every trimmed
+  // line: one step is kept, and emptied after every change (`ForgetUndo`).
+  Send(EM_SETUNDOLIMIT, 1);
   Send(EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_KEYEVENTS | ENM_DROPFILES);
   Send(EM_EXLIMITTEXT, 0, kUnlimited);
   ApplyFont();
@@ -228,6 +230,7 @@ void RichEditBox::SendColour(Colour colour) {
   format.dwMask = CFM_COLOR;
   format.crTextColor = static_cast<COLORREF>(colour);
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+  ForgetUndo();
 }
 
 
@@ -246,6 +249,7 @@ void RichEditBox::SetTextRTF(const std::string& document) {
     SetSelection(length, length);
     Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\r"));
   }
+  ForgetUndo();
   SetSelStart(TextLength());
 }
 
@@ -266,6 +270,7 @@ void RichEditBox::ApplyFont() {
   format.yHeight = font_size_ * 20;
   format.dwEffects = font_bold_ ? CFE_BOLD : 0;
   Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+  ForgetUndo();
 }
 
 // Asked again after every inserted run: only a change costs anything.

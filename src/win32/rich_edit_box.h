@@ -72,6 +72,7 @@ class RichEditBox : public TextBox {
   void SendColour(Colour colour);
   void Settle();
   void InsertAtCaret(const std::wstring& text);
+  void ForgetUndo();
   void RestoreNuls(const std::wstring& plain);
   void ApplyFont();
   std::wstring WideText(DWORD flags, int64_t length);

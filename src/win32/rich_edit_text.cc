@@ -33,6 +33,7 @@ wchar_t RichEditBox::CharAt(int64_t position) {
 void RichEditBox::InsertAtCaret(const std::wstring& text) {
   if (text.empty()) {
     Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+    ForgetUndo();
     return;
   }
   constexpr int kLinesPerInsertion = 10;
@@ -50,7 +51,12 @@ void RichEditBox::InsertAtCaret(const std::wstring& text) {
       StreamInSelection(hwnd_, piece);
     from = end;
   }
+  ForgetUndo();
 }
+
+// The one step of undo the control keeps holds what was deleted or changed
+// last: let go of it at once, so memory stays flat and nothing can be undone.
+void RichEditBox::ForgetUndo() { Send(EM_EMPTYUNDOBUFFER); }
 
 // The control streams a NUL of a document in as a blank; plain text keeps it.
 // Each one goes back where the document has it, in the colour of its place

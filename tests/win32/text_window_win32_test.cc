@@ -17,15 +17,12 @@
 #include "testing/fake_control_window.h"
 #include "testing/session_fixture.h"
 #include "win32/event_passes.h"
+#include "win32/text_window_fixture.h"
 #include "win32/twips.h"
 #include "win32/window_capture.h"
 
 namespace ferrow::win32 {
 namespace {
-
-using ferrow::testing::FakeControlWindow;
-
-constexpr Colour kText = 0x00C0C0C0, kFilter = 0x0000FFFF, kBack = 0x00402000;
 
 std::string WindowText(HWND hwnd) {
   std::string text(static_cast<size_t>(SendMessageA(hwnd, WM_GETTEXTLENGTH, 0, 0)) + 1, '\0');
@@ -59,44 +56,6 @@ void PutOnClipboard(const std::string& text) {
   SetClipboardData(CF_TEXT, memory);
   CloseClipboard();
 }
-
-class Win32TextWindowTest : public ferrow::testing::SessionTest {
- protected:
-  Win32TextWindowTest() {
-    options.FileSection = "app.log";
-    options.FontColour = kText;
-    options.FilterColour = kFilter;
-    options.BackColour = kBack;
-    options.Font = "Courier New";
-    options.FontSize = 10;
-    options.MaxInputLength = 100000;
-    options.FilterString = "error";
-    RebuildFilterWords(options);
-    window = new Win32TextWindow(session, control);
-    control.shown_box = &window->Rtf();
-  }
-  ~Win32TextWindowTest() override {
-    if (!closed) window->Logic().Close();
-    // The window goes once no handler runs, from the message loop.
-    for (int i = 0; i < 50 && IsWindow(hwnd()); ++i) {
-      PumpMessages();
-      Sleep(10);
-    }
-    EXPECT_FALSE(IsWindow(hwnd()));
-  }
-  HWND hwnd() { return handle ? handle : (handle = window->Handle()); }
-  HWND box() { return window->Rtf().Handle(); }
-  void Load() {
-    hwnd();
-    window->Form_Load();
-    PumpMessages();
-  }
-
-  FakeControlWindow control;
-  Win32TextWindow* window;
-  HWND handle = nullptr;
-  bool closed = false;
-};
 
 TEST_F(Win32TextWindowTest, TheBoxIsARealRichEditControl) {
   char name[64] = {};
