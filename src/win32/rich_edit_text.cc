@@ -26,8 +26,8 @@ wchar_t RichEditBox::CharAt(int64_t position) {
 }
 
 // Ten lines at a time: the control gives every line of one insertion room
-// for all the rest of it (some 8 KB a line for a 100-line block, not given
-// back as lines are trimmed), while each insertion costs it a pass over its
+// for all the rest of it (some 8 KB a line for a 100-line block, for as long
+// as the line is shown), while each insertion costs it a pass over its
 // lines. EM_REPLACESEL ends its text at the first NUL; a piece that holds
 // one goes in through the plain-text stream, which is counted.
 void RichEditBox::InsertAtCaret(const std::wstring& text) {
