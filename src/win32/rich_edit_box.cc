@@ -15,6 +15,8 @@ namespace {
 
 // No limit, as far as the control goes.
 constexpr LPARAM kUnlimited = 0x7FFFFFFE;
+// See the constructor.
+constexpr WPARAM kUndoSteps = 1;
 
 struct RichEditClass {
   const char* name;
@@ -49,7 +51,7 @@ RichEditBox::RichEditBox(HWND parent, int id) {
   // The user may not undo, but with no undo at all some controls (Wine's)
   // lose a block of memory for every line break they delete, every trimmed
   // line: one step is kept, and emptied after every change (`ForgetUndo`).
-  Send(EM_SETUNDOLIMIT, 1);
+  Send(EM_SETUNDOLIMIT, kUndoSteps);
   Send(EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_KEYEVENTS | ENM_DROPFILES);
   Send(EM_EXLIMITTEXT, 0, kUnlimited);
   ApplyFont();
@@ -269,7 +271,12 @@ void RichEditBox::ApplyFont() {
   lstrcpynW(format.szFaceName, ToWide(font_name_).c_str(), LF_FACESIZE);
   format.yHeight = font_size_ * 20;
   format.dwEffects = font_bold_ ? CFE_BOLD : 0;
+  // Without undo for the moment: the step would hold the old format of
+  // every run of the text (tens of megabytes for a full window); a format
+  // change deletes no line break, so nothing is lost with undo off.
+  Send(EM_SETUNDOLIMIT, 0);
   Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+  Send(EM_SETUNDOLIMIT, kUndoSteps);
   ForgetUndo();
 }
 
