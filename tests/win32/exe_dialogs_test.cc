@@ -178,6 +178,9 @@ TEST_F(FerrowDialogs, EnterAndEscapeOnTheInputBoxButtonsPressThemAsInAnyDialog) 
     ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(box); }, 5000)) << press.button << " " << press.key;
     ASSERT_TRUE(Ready());
   }
+  // Closed once the last answer is taken (Filter is back), not while the
+  // wait for it still ends.
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Button(kIdFilter)) != FALSE; }));
   ferrow.Close();
   ASSERT_TRUE(ferrow.Ended());
   EXPECT_NE(Ini().find("FilterString=taken\r\n"), std::string::npos) << Ini();
