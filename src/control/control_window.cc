@@ -68,13 +68,25 @@ void ControlWindow::Timer1_Timer() {
   if (!session_.gate.Closing()) follower_.Timer1_Timer();
 }
 
-bool ControlWindow::MayAskTheUser() const {
-  const WindowGate& gate = session_.gate;
-  return !gate.Closing() && !gate.Busy() && !asking_filter_;
+// Kept by the gate while an operation runs or the user is asked something
+// else, the request starts once they are over, unless its button has gone
+// since (the settings dialog or the about window took the buttons, or the
+// program closes): as if the click had been made then.
+void ControlWindow::AskTheUser(Control button, std::function<void()> ask) {
+  WindowGate& gate = session_.gate;
+  const bool now = !gate.Busy() && !gate.Asking();
+  std::weak_ptr<const int> alive = life_;  // the gate may outlive this window
+  gate.AskTheUser([this, alive, button, now, ask = std::move(ask)] {
+    if (alive.expired() || (!now && !view_.Enabled(button))) return;
+    ask();
+  });
 }
 
 void ControlWindow::cmdBrowse_Click() {
-  if (!MayAskTheUser()) return;
+  AskTheUser(Control::cmdBrowse, [this] { BrowseForFile(); });
+}
+
+void ControlWindow::BrowseForFile() {
   view_.SetTimerEnabled(false);
   Options& o = session_.options;
   const std::string chosen = services_.OpenFileName(
@@ -88,10 +100,14 @@ void ControlWindow::cmdBrowse_Click() {
 }
 
 // While the input box waits, the Filter button is off: a second click would
-// nest a second wait. It comes back with the other buttons (an open or a
+// ask a second time. It comes back with the other buttons (an open or a
 // dialog that began meanwhile may have taken them away).
 void ControlWindow::cmdFilter_Click() {
-  if (!MayAskTheUser()) return;
+  if (asking_filter_) return;
+  AskTheUser(Control::cmdFilter, [this] { AskForFilter(); });
+}
+
+void ControlWindow::AskForFilter() {
   Options& o = session_.options;
   asking_filter_ = true;
   view_.SetEnabled(Control::cmdFilter, false);
@@ -139,8 +155,12 @@ void ControlWindow::cmdClose_Click() {
   Form_Unload();
 }
 
+// Its message boxes let events run: it waits for the user as Browse does.
 void ControlWindow::cmdLink_Click() {
-  if (!MayAskTheUser()) return;  // its message boxes let events run
+  AskTheUser(Control::cmdLink, [this] { MakeDesktopLink(); });
+}
+
+void ControlWindow::MakeDesktopLink() {
   const HelperLibrary none = HelperLibrary::None(session_.env);
   CreateDesktopLink(session_, session_.helper ? *session_.helper : none, FileNameBoxText());
 }

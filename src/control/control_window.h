@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -136,9 +137,13 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   void CheckBoxClicked(Control box);
   void ApplyNewFilter(const std::string& answer);
   bool& FlagOf(Control check_box);
-  // Browse, Filter and Link wait for the user: not inside an operation
-  // (they would nest in its wait) and not once the program closes.
-  bool MayAskTheUser() const;
+  // Browse, Filter and Link wait for the user: never inside an operation
+  // (they would nest in its wait) nor once the program closes. Asked for
+  // while one runs, they start right after it (WindowGate::AskTheUser).
+  void AskTheUser(Control button, std::function<void()> ask);
+  void BrowseForFile();
+  void AskForFilter();
+  void MakeDesktopLink();
   TextWindowPort& LoadTextWindow();
   void UnloadTextWindow();
   void WaitSeconds(int seconds);
@@ -160,6 +165,7 @@ class ControlWindow : public Ui, public ControlWindowPort, public FollowWindows,
   bool program_closing_ = false;
   bool asking_filter_ = false;  // the input box of cmdFilter_Click waits
   bool unloaded_ = false;
+  std::shared_ptr<const int> life_ = std::make_shared<const int>(0);
 };
 
 }  // namespace ferrow

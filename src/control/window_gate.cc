@@ -18,6 +18,18 @@ class RunningScope {
   WindowGate::Work& running_;
 };
 
+// Sets a flag for the life of the scope, also when the work throws.
+class FlagScope {
+ public:
+  explicit FlagScope(bool& flag) : flag_(flag) { flag_ = true; }
+  ~FlagScope() { flag_ = false; }
+  FlagScope(const FlagScope&) = delete;
+  FlagScope& operator=(const FlagScope&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 }  // namespace
 
 bool WindowGate::Run(Work kind, const std::function<void()>& work) {
@@ -26,11 +38,47 @@ bool WindowGate::Run(Work kind, const std::function<void()>& work) {
     RunningScope scope(running_, kind);
     work();
   } catch (...) {
-    RunPendingUnload();  // an unload asked for meanwhile still happens
+    pending_ask_ = nullptr;  // what the user asked meanwhile is lost with the failed operation
+    RunPendingUnload();      // an unload asked for meanwhile still happens
     throw;
   }
   RunPendingUnload();
+  // Out of the operation's scope: it is over and the gate is free, so what
+  // waits for the user no longer nests in it.
+  RunAsks(TakeRunnableAsk());
   return true;
+}
+
+bool WindowGate::AskTheUser(std::function<void()> ask) {
+  if (closing_ || !ask) return false;
+  if (Busy() || asking_) {
+    if (pending_ask_) return false;  // the first one asked for is kept
+    pending_ask_ = std::move(ask);
+    return true;
+  }
+  RunAsks(std::move(ask));
+  return true;
+}
+
+void WindowGate::RunAsks(std::function<void()> ask) {
+  while (ask) {
+    try {
+      FlagScope scope(asking_);
+      ask();
+    } catch (...) {
+      pending_ask_ = nullptr;
+      throw;
+    }
+    ask = TakeRunnableAsk();
+  }
+}
+
+std::function<void()> WindowGate::TakeRunnableAsk() {
+  if (closing_) pending_ask_ = nullptr;
+  if (Busy() || asking_ || !pending_ask_) return nullptr;
+  auto ask = std::move(pending_ask_);
+  pending_ask_ = nullptr;
+  return ask;
 }
 
 void WindowGate::RunPendingUnload() {
@@ -44,6 +92,7 @@ void WindowGate::RunPendingUnload() {
 void WindowGate::RequestUnload(std::function<void()> unload) {
   if (closing_) return;
   closing_ = true;
+  pending_ask_ = nullptr;  // nothing opens once the program closes
   pending_unload_ = std::move(unload);
   if (!Busy()) RunPendingUnload();
 }

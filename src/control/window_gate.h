@@ -9,6 +9,11 @@
 // - Once the unload has been asked for, nothing re-shows a window or starts
 //   the timer again (`Closing`), and running operations stop at their next
 //   step.
+// - What waits for the user (an open-file dialog, the input box, a question
+//   asked by a click) never starts inside one of those operations or inside
+//   another such wait: asked for meanwhile, it is kept and starts as soon as
+//   they are over (`AskTheUser`), so a click on a button the user sees
+//   enabled is never lost.
 // - A window is never destroyed while an event pass or one of those
 //   operations runs: its destruction waits (`DestroyLater`) until the
 //   outermost handler has returned.
@@ -32,6 +37,16 @@ class WindowGate {
   // operation. Asked for twice, it runs once.
   void RequestUnload(std::function<void()> unload);
 
+  // Runs `ask` now when no operation runs and nothing else waits for the
+  // user; otherwise keeps it and runs it right after they end (at the end of
+  // `Run`, or of the wait that asks), never inside them. One request waits at
+  // most: the first one asked for; later ones are dropped, as a click would
+  // land on a window that the first request's dialog has taken. Dropped
+  // once the unload begins. False when it was dropped.
+  bool AskTheUser(std::function<void()> ask);
+  bool Asking() const { return asking_; }
+  bool UserRequestWaiting() const { return static_cast<bool>(pending_ask_); }
+
   Work Running() const { return running_; }
   bool Busy() const { return running_ != Work::kNone; }
   bool Closing() const { return closing_; }
@@ -53,11 +68,17 @@ class WindowGate {
 
  private:
   void RunPendingUnload();
+  // Runs `ask`, then each request that waited for it, while nothing else
+  // runs or waits.
+  void RunAsks(std::function<void()> ask);
+  std::function<void()> TakeRunnableAsk();
 
   Work running_ = Work::kNone;
   bool closing_ = false;
+  bool asking_ = false;
   int event_passes_ = 0;
   std::function<void()> pending_unload_;
+  std::function<void()> pending_ask_;
   std::vector<std::function<void()>> pending_destroy_;
   std::shared_ptr<const int> life_ = std::make_shared<const int>(0);
 };

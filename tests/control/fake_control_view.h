@@ -3,6 +3,7 @@
 // FakeTextBox.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -120,6 +121,7 @@ class FakeWindowFactory : public WindowFactory {
   void OpenAbout(MenuPort&) override { ++about_opened; }
   std::string InputMsg(const std::string& prompt, const std::string& title, const std::string& edit) override {
     asked.push_back(title + "|" + prompt + "|" + edit);
+    if (while_asking) while_asking();
     return answer;
   }
   void UnloadOtherWindows() override { ++other_windows_unloaded; }
@@ -129,6 +131,7 @@ class FakeWindowFactory : public WindowFactory {
   std::vector<std::unique_ptr<FakeTextWindow>> made;
   std::vector<std::string> asked;
   std::string answer;
+  std::function<void()> while_asking;  // what is seen while the input box waits
   int settings_opened = 0, about_opened = 0, other_windows_unloaded = 0;
 };
 

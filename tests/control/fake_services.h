@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,11 @@ class FakeServices : public WindowServices {
   std::string OpenFileName(const std::string& title, const std::string& filter,
                            const std::string& start) override {
     dialogs.push_back(title + "|" + filter + "|" + start);
+    if (while_dialog) while_dialog();
     return chosen;
   }
   std::vector<std::string> messages, questions, dialogs;
+  std::function<void()> while_dialog;  // what is seen while the dialog is up
   bool yes = false;
   std::string chosen;
 };

@@ -276,5 +276,51 @@ TEST_F(LiveForm1Test, TheFilterButtonIsOffWhileTheInputBoxWaitsAndASecondClickWa
   EXPECT_TRUE(form->Timer1->isActive());
 }
 
+// Filter is back as the new filter's reload begins; a click on it then is
+// kept, and the box asks again once the reload is over, with the filter just
+// taken.
+TEST_F(LiveForm1Test, AFilterClickDuringTheNewFiltersReloadAsksAgainOnceItIsOver) {
+  const std::string log = MakeLongLog("big.log", 3000);
+  options.BringFromStartOfFile = true;
+  form->Logic().Form_Load();
+  Type(log);
+  form->chkFileStart->SetValue(1);
+  form->Logic().OK_Click();
+  int asked = 0;
+  bool enabled_in_reload = false, busy_when_asked_again = true;
+  std::string shown_again;
+  // Each box that shows is answered from an event inside its wait.
+  env.every_pass = [&] {
+    frmInputBox* box = LoadedInputBox();
+    if (!box || !box->isVisible() || box->property("answering").toBool()) return;
+    box->setProperty("answering", true);
+    if (++asked == 2) {
+      busy_when_asked_again = session.gate.Busy();
+      shown_again = box->txtInput->text().toStdString();
+    }
+    QTimer::singleShot(0, qApp, [box, asked] {
+      box->txtInput->setText(asked == 1 ? "FATAL" : "");
+      box->cmdOK_Click();
+    });
+  };
+  bool clicked = false;
+  QTimer reload_watch;  // the second click, inside the reload
+  QObject::connect(&reload_watch, &QTimer::timeout, [&] {
+    if (clicked || session.gate.Running() != WindowGate::Work::kRestart) return;
+    clicked = true;
+    enabled_in_reload = form->cmdFilter->isEnabled();
+    form->cmdFilter->click();
+  });
+  reload_watch.start(0);
+  form->cmdFilter->click();
+  ASSERT_TRUE(clicked) << "no events ran during the reload";
+  EXPECT_TRUE(enabled_in_reload);
+  EXPECT_EQ(asked, 2) << "the click in the reload was lost";
+  EXPECT_FALSE(busy_when_asked_again);
+  EXPECT_EQ(shown_again, "FATAL");
+  EXPECT_EQ(options.FilterString, "FATAL");
+  EXPECT_TRUE(form->cmdFilter->isEnabled());
+}
+
 }  // namespace
 }  // namespace ferrow

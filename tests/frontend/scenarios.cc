@@ -163,6 +163,36 @@ FERROW_SCENARIO(EscapeOrTheInputBoxsCloseBoxKeepsTheFilter) {
   EXPECT_TRUE(d.Enabled(Control::cmdFilter));
 }
 
+// Browse stays on while the filter's input box waits. A click on it is not
+// lost: its dialog opens once the filter is answered and the file reloaded,
+// not on top of the waiting box.
+FERROW_SCENARIO(ABrowseClickWhileTheFilterIsAskedOpensTheDialogOnceTheFilterIsTaken) {
+  const std::string log = w.MakeLog("app.log", "an error\r\n");
+  const std::string other = w.MakeLog("other.log", "other\r\n");
+  ASSERT_TRUE(Open(w, d, log, true));
+  w.services.chosen = other;
+  bool browse_enabled = false, box_up_at_dialog = true;
+  std::string filter_at_dialog;
+  w.services.while_dialog = [&] {
+    box_up_at_dialog = d.Shown(Window::kInputBox);
+    filter_at_dialog = w.options.FilterString;
+  };
+  d.WhenInputBoxShows([&] {
+    browse_enabled = d.Enabled(Control::cmdBrowse);
+    d.Click(Control::cmdBrowse);
+    d.TypeInInputBox("error");
+    d.KeyInInputBox(vk::kEnter);
+    ExpectInputBoxAnswered(d);
+  });
+  d.Click(Control::cmdFilter);
+  ASSERT_TRUE(d.RunEventsUntil([&] { return !w.services.dialogs.empty(); })) << "the click was lost";
+  EXPECT_TRUE(browse_enabled);
+  EXPECT_EQ(w.services.dialogs.size(), 1u);
+  EXPECT_FALSE(box_up_at_dialog);
+  EXPECT_EQ(filter_at_dialog, "error");
+  EXPECT_EQ(d.Text(Control::cmbFileName), other);
+}
+
 // The settings dialog.
 
 FERROW_SCENARIO(ApplyingEachThemeShowsItsBackgroundFontAndColoursAtOnce) {

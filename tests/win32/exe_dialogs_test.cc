@@ -166,13 +166,11 @@ TEST_F(FerrowDialogs, EnterAndEscapeOnTheInputBoxButtonsPressThemAsInAnyDialog) 
   const struct { int button; WPARAM key; } presses[] = {
       {Win32InputBox::kIdCancel, VK_RETURN}, {Win32InputBox::kIdOK, VK_ESCAPE}, {Win32InputBox::kIdOK, VK_RETURN}};
   for (const auto& press : presses) {
-    // The buttons come back a moment before the filter's restart ends, and a
-    // click inside it is dropped; the user then clicks again.
-    HWND box = nullptr;
-    for (int click = 0; click < 10 && !box; ++click) {
-      Click(Button(kIdFilter));
-      box = ferrow.Window("FerrowInputBox", "Text Highlighting Filter", 1500);
-    }
+    // Filter stays off until the wait for the last answer has ended, a
+    // moment after its box has gone; the user clicks it once it is on.
+    ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Button(kIdFilter)) != FALSE; }));
+    Click(Button(kIdFilter));
+    HWND box = ferrow.Window("FerrowInputBox", "Text Highlighting Filter");
     ASSERT_TRUE(box);
     SendMessageA(GetDlgItem(box, Win32InputBox::kIdInput), WM_SETTEXT, 0,
                  reinterpret_cast<LPARAM>(press.button == Win32InputBox::kIdOK && press.key == VK_RETURN ? "taken" : "dropped"));
@@ -180,9 +178,38 @@ TEST_F(FerrowDialogs, EnterAndEscapeOnTheInputBoxButtonsPressThemAsInAnyDialog) 
     ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(box); }, 5000)) << press.button << " " << press.key;
     ASSERT_TRUE(Ready());
   }
+  // Closed once the last answer is taken (Filter is back), not while the
+  // wait for it still ends.
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Button(kIdFilter)) != FALSE; }));
   ferrow.Close();
   ASSERT_TRUE(ferrow.Ended());
   EXPECT_NE(Ini().find("FilterString=taken\r\n"), std::string::npos) << Ini();
+}
+
+// Filter comes back as the new filter's reload begins, and the reload lets
+// events run: a click on it then is not lost, the box asks again once the
+// reload is over, showing the filter just taken.
+TEST_F(FerrowDialogs, AFilterClickWhileTheNewFilterReloadsTheFileAsksOnceTheReloadIsOver) {
+  std::string text;
+  for (int i = 0; i < 4000; ++i) text += "line " + std::to_string(i) + " of a log that takes a while to load\r\n";
+  WriteBytes(log, text);
+  ASSERT_TRUE(ferrow.Start("/F /H=error \"" + log + "\""));
+  ASSERT_TRUE(Ready());
+  Click(Button(kIdFilter));
+  HWND box = ferrow.Window("FerrowInputBox", "Text Highlighting Filter");
+  ASSERT_TRUE(box);
+  SendMessageA(GetDlgItem(box, Win32InputBox::kIdInput), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("taken"));
+  PostMessageA(GetDlgItem(box, Win32InputBox::kIdOK), WM_KEYDOWN, VK_RETURN, 1);
+  ASSERT_TRUE(WaitUntil([&] { return IsWindowEnabled(Button(kIdFilter)) != FALSE; }, 5000));
+  Click(Button(kIdFilter));
+  box = ferrow.Window("FerrowInputBox", "Text Highlighting Filter");
+  ASSERT_TRUE(box) << "the click was lost";
+  EXPECT_EQ(TextOf(GetDlgItem(box, Win32InputBox::kIdInput)), "taken");
+  PostMessageA(GetDlgItem(box, Win32InputBox::kIdCancel), BM_CLICK, 0, 0);
+  ASSERT_TRUE(WaitUntil([&] { return !IsWindowVisible(box); }, 5000));
+  ASSERT_TRUE(Ready());
+  ferrow.Close();
+  ASSERT_TRUE(ferrow.Ended());
 }
 
 // The sound's dialog opens in the sound's folder with its name filled in,
