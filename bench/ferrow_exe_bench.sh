@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The real ferrow.exe under Wine + Xvfb following a file that grows at a
 # steady rate, its window's buffer full from the start (bring from start of
-# a file larger than the buffer). Prints, per rate: CPU seconds per 30 s of
+# a file larger than the buffer, then lines until the window takes no more:
+# the load leaves it some 20 KB short). Prints, per rate: CPU seconds per 30 s of
 # ferrow.exe and of the wineserver, their resident memory at the start and
 # the end, how far the window fell behind the file, how long the windows
 # took to answer and how long a click on Pause took to act.
