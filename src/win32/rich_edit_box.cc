@@ -323,7 +323,7 @@ void RichEditBox::EndBatch() {
   if (batch_ > 0 && --batch_ == 0) {
     Settle();
     Send(WM_SETREDRAW, TRUE);
-    InvalidateRect(hwnd_, nullptr, TRUE);
+    RedrawWindow(hwnd_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
   }
 }
 
