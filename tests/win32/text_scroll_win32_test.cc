@@ -147,5 +147,46 @@ TEST_F(Win32TextScrollTest, TheBarShowsOnceTheLinesOutgrowTheWindowWithTheNewest
   EXPECT_TRUE(last.top >= client.top && last.bottom <= client.bottom) << "the newest line is whole in view";
 }
 
+// Trimmed down to a few lines, the text fits again: the bar goes, as the
+// control's own does, and the text takes its place.
+TEST_F(Win32TextScrollTest, TheBarGoesWhenTheTextFitsAgain) {
+  for (int i = 1; i <= 60; i += 3) Append(Lines(i, i + 2));
+  ASSERT_TRUE(BarShown());
+  options.MaxInputLength = 120;
+  Append(Lines(61, 61));
+  Screenshot("scroll-bar-gone");
+  EXPECT_EQ(window->Rtf().Text(), "2024-05-01 10:00:00 GET /index.html 200 line 60\n"
+                                  "2024-05-01 10:00:00 GET /index.html 200 line 61\n");
+  EXPECT_FALSE(BarShown());
+  EXPECT_EQ(Count(BarStrip(), options.BackColour), Size(BarStrip())) << "the text's background";
+  ExpectLinesPainted(1);
+}
+
+// Lines wider than the window bring the horizontal bar too; the newest line
+// stays whole above it.
+TEST_F(Win32TextScrollTest, WithBothBarsTheNewestLineIsWholeAboveTheHorizontalBar) {
+  const std::string wide(150, 'w');
+  for (int i = 1; i <= 40; i += 4) {
+    std::string text;
+    for (int j = i; j < i + 4; ++j) text += wide + " " + std::to_string(j) + "\r\n";
+    Append(text);
+  }
+  Screenshot("scroll-both-bars");
+  ASSERT_TRUE(BarShown());
+  EXPECT_TRUE(GetWindowLongW(box(), GWL_STYLE) & WS_HSCROLL);
+  EXPECT_EQ(Count(BarStrip(), options.BackColour), 0) << "the bar is drawn where the text was";
+  RECT hbar{};
+  GetWindowRect(box(), &hbar);
+  hbar.top = hbar.bottom - GetSystemMetrics(SM_CYHSCROLL);
+  hbar.right -= GetSystemMetrics(SM_CXVSCROLL);
+  EXPECT_EQ(Count(hbar, options.BackColour), 0) << "the horizontal bar is drawn";
+  ExpectLinesPainted(39);
+  const RECT last = LineBand(39);
+  RECT client{};
+  GetClientRect(box(), &client);
+  MapWindowPoints(box(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+  EXPECT_TRUE(last.top >= client.top && last.bottom <= client.bottom) << "the newest line is whole in view";
+}
+
 }  // namespace
 }  // namespace ferrow::win32
