@@ -49,9 +49,10 @@ class Win32TextScrollTest : public ferrow::testing::SessionTest {
     }
   }
   HWND box() { return window->Rtf().Handle(); }
-  // What the user would see once the program is idle again.
-  void Settle() {
-    for (int i = 0; i < 10; ++i) {
+  // The program idle for a while, as between two polls: what it drew has
+  // reached the screen.
+  void Settle(int ms = 50) {
+    for (int i = 0; i < ms / 10; ++i) {
       PumpMessages();
       Sleep(10);
     }
@@ -128,9 +129,11 @@ std::string Lines(int from, int to) {
 // newest lines whole.
 TEST_F(Win32TextScrollTest, TheBarShowsOnceTheLinesOutgrowTheWindowWithTheNewestLinesInView) {
   Append(Lines(1, 3));
+  Settle(400);
   EXPECT_FALSE(BarShown()) << "three lines fit";
   EXPECT_EQ(Count(BarStrip(), options.BackColour), Size(BarStrip())) << "the text's background";
   for (int i = 4; i <= 60; i += 3) Append(Lines(i, i + 2));
+  Settle(400);
   Screenshot("scroll-bar-shown");
   ASSERT_TRUE(BarShown());
   const SCROLLINFO bar = Bar();
@@ -154,6 +157,7 @@ TEST_F(Win32TextScrollTest, TheBarGoesWhenTheTextFitsAgain) {
   ASSERT_TRUE(BarShown());
   options.MaxInputLength = 120;
   Append(Lines(61, 61));
+  Settle(400);
   Screenshot("scroll-bar-gone");
   EXPECT_EQ(window->Rtf().Text(), "2024-05-01 10:00:00 GET /index.html 200 line 60\n"
                                   "2024-05-01 10:00:00 GET /index.html 200 line 61\n");
@@ -171,6 +175,7 @@ TEST_F(Win32TextScrollTest, WithBothBarsTheNewestLineIsWholeAboveTheHorizontalBa
     for (int j = i; j < i + 4; ++j) text += wide + " " + std::to_string(j) + "\r\n";
     Append(text);
   }
+  Settle(400);
   Screenshot("scroll-both-bars");
   ASSERT_TRUE(BarShown());
   EXPECT_TRUE(GetWindowLongW(box(), GWL_STYLE) & WS_HSCROLL);
