@@ -32,10 +32,15 @@ std::string Ansi(const std::wstring& text) {
   return lost || Wide(out, CP_ACP) != text ? "" : out;
 }
 
-// COM for the length of one call, on whatever thread calls us.
+// COM for the length of one call, on whatever thread calls us. The shell
+// link object works in either apartment; a single-threaded one would need a
+// window of its own, and on Wine a window needs the desktop's process,
+// which a program without windows then starts, and which outlives it.
+// (A thread already in a single-threaded apartment keeps it: the call works
+// there as well.)
 class ComScope {
  public:
-  ComScope() : hr_(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+  ComScope() : hr_(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}
   ~ComScope() {
     if (SUCCEEDED(hr_)) CoUninitialize();
   }
