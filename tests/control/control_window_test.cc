@@ -8,30 +8,15 @@
 #include "about/helper_library.h"
 #include "config/history.h"
 #include "config/ini_file.h"
-#include "control/fake_control_view.h"
-#include "control/fake_services.h"
+#include "control/control_fixture.h"
 #include "control/window_services.h"
 #include "testing/session_fixture.h"
 
 namespace ferrow {
 namespace {
 
-using testing::FakeControlView;
-using testing::FakeServices;
-using testing::FakeWindowFactory;
-
-class ControlWindowTest : public testing::SessionTest {
+class ControlWindowTest : public testing::ControlFixture {
  protected:
-  ControlWindowTest() {
-    options.FileDefaults = static_cast<const FileOptions&>(options);
-    view.logic = &menu;
-    routed.SetTarget(&menu);
-  }
-  std::string MakeLog(const std::string& name, const std::string& text) {
-    const std::string path = dir.File(name);
-    testing::WriteBytes(path, text);
-    return path;
-  }
   void Type(const std::string& name) { view.SetText(Control::cmbFileName, name); }
   std::string Box() { return view.Text(Control::cmbFileName); }
   void History(const std::vector<std::string>& names) {
@@ -39,13 +24,6 @@ class ControlWindowTest : public testing::SessionTest {
     LoadHistoryAtStartup(app);
   }
   std::string Shown() { return windows.Last() ? windows.Last()->box.text : ""; }
-
-  FakeServices services;
-  RoutedUi routed{services};
-  Session app{env, options, routed};
-  FakeControlView view;
-  FakeWindowFactory windows;
-  ControlWindow menu{app, view, windows, services};
 };
 
 const std::string kUsageTitle = "Ferrow|Ferrow v1.46";

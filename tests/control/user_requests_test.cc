@@ -4,31 +4,18 @@
 #include <gtest/gtest.h>
 
 #include "config/ini_file.h"
-#include "control/fake_control_view.h"
-#include "control/fake_services.h"
-#include "testing/session_fixture.h"
+#include "control/control_fixture.h"
 
 namespace ferrow {
 namespace {
 
-using testing::FakeControlView;
-using testing::FakeServices;
-using testing::FakeWindowFactory;
-
-class UserRequestTest : public testing::SessionTest {
+class UserRequestTest : public testing::ControlFixture {
  protected:
-  UserRequestTest() {
-    options.FileDefaults = static_cast<const FileOptions&>(options);
-    view.logic = &menu;
-    routed.SetTarget(&menu);
-  }
   // A log long enough for its load to let events run a few times.
   std::string MakeLongLog(const std::string& name) {
     std::string text;
     for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
-    const std::string path = dir.File(name);
-    testing::WriteBytes(path, text);
-    return path;
+    return MakeLog(name, text);
   }
   // Opened with bring-from-start; `during_load` runs at the load's
   // `nth` event pass.
@@ -62,13 +49,6 @@ class UserRequestTest : public testing::SessionTest {
       seen.opened = menu.FileOpened;
     };
   }
-
-  FakeServices services;
-  RoutedUi routed{services};
-  Session app{env, options, routed};
-  FakeControlView view;
-  FakeWindowFactory windows;
-  ControlWindow menu{app, view, windows, services};
 };
 
 TEST_F(UserRequestTest, ABrowseClickDuringAnOpenShowsTheDialogOnceTheOpenIsOver) {
