@@ -107,8 +107,11 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
     KeepOpenedForUnload();
     return;
   }
+  // Closed by the user while the file loaded: the file is open, but
+  // following stays stopped, as after a close at any other time.
+  const bool closed_meanwhile = !StillShowing(box);
   // The size at once, also when nothing was brought from the file.
-  if (StillShowing(box)) follower_.UpdateCaption();
+  if (!closed_meanwhile) follower_.UpdateCaption();
 
   EnableAllButtons();
   // Open comes back whatever the box shows: ENTER in an emptied box opened
@@ -121,7 +124,7 @@ void ControlWindow::OpenFile(bool startup_mode, int16_t changed_cpu_interval, bo
   ShowTip();
 
   view_.SetTimerInterval(o.TimerInterval);
-  SetTimerEnabled(true);
+  SetTimerEnabled(!closed_meanwhile);
   follower_.CheckPauseCaption();
   FileOpened = true;
 }

@@ -81,7 +81,9 @@ void Follower::RestartFollowing() {
   if (o.BringFromStartOfFile) LoadFileToTextBox(o.FileName, box, o.LinesToRead);
   if (gate.Closing()) return;
   windows_.SetTimerInterval(o.TimerInterval);
-  windows_.SetTimerEnabled(true);
+  // A text window the user closed during the load stays closed, and
+  // following stopped with it.
+  windows_.SetTimerEnabled(windows_.StillShowing(box));
   CheckPauseCaption();
 }
 

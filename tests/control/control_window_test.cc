@@ -469,5 +469,66 @@ TEST_F(ControlWindowTest, ClosingTheTextWindowDuringTheLoadStopsTheLoad) {
   EXPECT_TRUE(view.Enabled(Control::cmdOK));
 }
 
+// Whichever pass of the load the close lands in, the user closed the window:
+// following stays stopped, as a close does at any other time, and Pause
+// starts it again. The first pass shows "Loading file"; the later ones come
+// every 100 lines read, with the box disabled.
+class CloseDuringLoadTest : public ControlWindowTest, public ::testing::WithParamInterface<bool> {
+ protected:
+  std::string BigLog() {
+    std::string text;
+    for (int i = 0; i < 1000; ++i) text += "line " + std::to_string(i) + "\r\n";
+    return MakeLog("big.log", text);
+  }
+  // What the window's unload does when the user closes it.
+  void CloseWhenLoadingReaches(bool first_pass) {
+    env.on_events = [this, first_pass] {
+      testing::FakeTextWindow* text = windows.Last();
+      if (!text || text->closed || text->box.enabled != first_pass) return;
+      menu.StopTimer();
+      text->Close();
+    };
+  }
+};
+
+TEST_P(CloseDuringLoadTest, ClosingTheTextWindowDuringTheLoadLeavesFollowingPaused) {
+  const std::string log = BigLog();
+  menu.Form_Load();
+  Type(log);
+  view.SetValue(Control::chkFileStart, 1);
+  CloseWhenLoadingReaches(GetParam());
+  menu.OK_Click();
+  env.on_events = nullptr;
+  EXPECT_EQ(menu.TextWindow(), nullptr);
+  EXPECT_FALSE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu (Paused) - big.log");
+  EXPECT_FALSE(view.following);
+  EXPECT_TRUE(menu.FileOpened);
+  menu.cmdPause_Click();
+  EXPECT_TRUE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu - big.log");
+  testing::WriteBytes(log, testing::ReadBytes(log) + "new\r\n");
+  menu.Timer1_Timer();
+  ASSERT_NE(menu.TextWindow(), nullptr);
+  EXPECT_EQ(windows.Last()->box.text, "new\n");
+}
+
+TEST_P(CloseDuringLoadTest, ClosingTheTextWindowDuringARestartsLoadLeavesFollowingPaused) {
+  const std::string log = BigLog();
+  menu.Form_Load();
+  Type(log);
+  view.SetValue(Control::chkFileStart, 1);
+  menu.OK_Click();
+  ASSERT_TRUE(view.timer);
+  CloseWhenLoadingReaches(GetParam());
+  menu.follower().FerrowRestart();
+  env.on_events = nullptr;
+  EXPECT_EQ(menu.TextWindow(), nullptr);
+  EXPECT_FALSE(view.timer);
+  EXPECT_EQ(view.caption, "Ferrow Menu (Paused) - big.log");
+}
+
+INSTANTIATE_TEST_SUITE_P(FirstOrLaterPass, CloseDuringLoadTest, ::testing::Bool());
+
 }  // namespace
 }  // namespace ferrow

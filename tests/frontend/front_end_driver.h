@@ -42,10 +42,24 @@ struct Modifiers {
 
 // The real environment with short sleeps: the program's waits still let
 // window events run, through the events hook the driver installs.
+// `during_waits`, when set, runs as each of the program's waits lets events
+// run: what a user does while the program works.
 class QuickEnv : public EnvWrapper {
  public:
   QuickEnv() : EnvWrapper(Env::Default()) {}
   void SleepMs(int ms) override { EnvWrapper::SleepMs(ms < 2 ? ms : 2); }
+  void LetEventsRun() override {
+    if (during_waits && !in_wait_) {
+      in_wait_ = true;
+      during_waits();
+      in_wait_ = false;
+    }
+    EnvWrapper::LetEventsRun();
+  }
+  std::function<void()> during_waits;
+
+ private:
+  bool in_wait_ = false;
 };
 
 // Message boxes answered by a script. With `modal_ms` set, a box lets window

@@ -3,6 +3,7 @@
 // passes on one front-end and fails on another is a defect of that one.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -283,6 +284,48 @@ FERROW_SCENARIO(TheTextWindowsCloseBoxStopsFollowingAndResumeBringsItBack) {
   Append(log, "two\r\n");
   EXPECT_TRUE(d.RunEventsUntil([&] { return d.Shown(Window::kText) && d.ShownText() == "two\n"; }))
       << d.ShownText();
+}
+
+// A close that lands inside the load leaves the file open and following
+// stopped, whichever of the load's passes it lands in; the window stays
+// closed while the file grows, and Pause brings it back with what came.
+void CloseTheTextWindowWhileTheFileLoads(ScenarioWorld& w, FrontEndDriver& d,
+                                         const std::function<bool()>& now) {
+  std::string lines;
+  for (int i = 0; i < 3000; ++i) lines += "line " + std::to_string(i) + "\r\n";
+  const std::string log = w.MakeLog("big.log", lines);
+  d.Load();
+  d.TypeInFileNameBox(log);
+  SetCheckBox(d, Control::chkFileStart, 1);
+  bool closed = false;
+  w.env.during_waits = [&] {
+    if (closed || !d.Shown(Window::kText) || !now()) return;
+    closed = true;
+    d.CloseBox(Window::kText);
+  };
+  d.Click(Control::cmdOK);
+  ASSERT_TRUE(d.RunEventsUntil([&] { return closed && d.Enabled(Control::cmdOK); }));
+  w.env.during_waits = nullptr;
+  d.RunEvents(200);
+  EXPECT_FALSE(d.Shown(Window::kText));
+  EXPECT_FALSE(d.TimerRunning());
+  EXPECT_EQ(d.Caption(Window::kControl), "Ferrow Menu (Paused) - big.log");
+  EXPECT_EQ(w.options.FileName, log);
+  Append(log, "new\r\n");
+  d.RunEvents(300);
+  EXPECT_FALSE(d.Shown(Window::kText)) << "came back by itself";
+  d.Click(Control::cmdPause);
+  EXPECT_TRUE(d.RunEventsUntil([&] { return d.Shown(Window::kText) && d.ShownText() == "new\n"; }))
+      << d.ShownText();
+}
+
+FERROW_SCENARIO(ClosingTheTextWindowAsTheLoadBeginsLeavesFollowingPaused) {
+  CloseTheTextWindowWhileTheFileLoads(w, d, [&] { return d.ShownText().rfind("Loading file ", 0) == 0; });
+}
+
+FERROW_SCENARIO(ClosingTheTextWindowHalfwayThroughTheLoadLeavesFollowingPaused) {
+  CloseTheTextWindowWhileTheFileLoads(
+      w, d, [&] { return d.Caption(Window::kText).find("1500 lines read") != std::string::npos; });
 }
 
 }  // namespace
