@@ -1,6 +1,8 @@
 #include "qt/qt_window_services.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -24,6 +26,18 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 QString Title(const std::string& title) { return ToQt(title.empty() ? std::string(kProductName) : title); }
 
+// Where the dialog opens: a folder or file that is there; a file that is gone
+// from a folder that is there (its name stays filled in). Anything else, such
+// as the "C:\" a new configuration names, is not on this system: the home
+// folder, as the Windows dialog falls back on its own for a folder it cannot find.
+QString StartOf(const std::string& start) {
+  QString path = ToQt(start);
+  if (!QFileInfo::exists(path)) path.replace('\\', '/');  // either separator names a folder
+  const QFileInfo info(path);
+  if (info.exists() || (path.contains('/') && QFileInfo(info.absolutePath()).isDir())) return path;
+  return QDir::homePath();
+}
+
 }  // namespace
 
 void QtWindowServices::Message(const std::string& text, const std::string& title, MessageIcon icon) {
@@ -43,7 +57,7 @@ std::string QtWindowServices::OpenFileName(const std::string& title, const std::
   MaybeEventPass pass(gate);
   // Owned by the window the user asked from (the settings dialog for its
   // sound), so it stays above it; a start that names a file is selected.
-  return FromQt(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(title), ToQt(start_folder),
+  return FromQt(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQt(title), StartOf(start_folder),
                                              ToQt(QtFileFilter(filter))));
 }
 
