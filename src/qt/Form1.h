@@ -11,6 +11,7 @@
 #include "control/control_view.h"
 #include "control/control_window.h"
 #include "control/window_factory.h"
+#include "qt/lost_window_guard.h"
 
 class QComboBox;
 class QLabel;
@@ -116,6 +117,8 @@ class Form1 : public QWidget, public ControlView, public WindowFactory {
   ControlWindow logic_;
   FileNameEdit* file_name_edit_ = nullptr;
   bool in_close_event_ = false;
+  // For every window of the program, whose life this window spans.
+  LostWindowGuard lost_window_guard_;
 };
 
 }  // namespace ferrow
