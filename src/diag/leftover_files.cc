@@ -21,9 +21,20 @@ bool IsWriterTempName(const std::string& name, const std::string& ini_leaf) {
   return true;
 }
 
+// The trim's own name: "TMP", five digits, ".TMP" (the system's temporary
+// names carry four hexadecimal digits).
+bool IsTrimTempName(const std::string& name) {
+  if (name.size() != 12 || name.compare(0, 3, "TMP") != 0 || name.compare(8, 4, ".TMP") != 0) return false;
+  for (size_t i = 3; i < 8; ++i)
+    if (!std::isdigit(static_cast<unsigned char>(name[i]))) return false;
+  return true;
+}
+
 // The trim writes its header, naming the configuration file, before
-// anything else, and flushes it at once.
-bool IsTrimTempOf(Env& env, const std::string& path, const std::string& ini_file) {
+// anything else, and flushes it at once; killed between making the file and
+// that flush, it leaves the file empty.
+bool IsTrimTempOf(Env& env, const std::string& folder, const std::string& name, const std::string& ini_file) {
+  const std::string path = JoinPath(folder, name);
   const std::string header = kTrimHeaderPrefix;
   const std::string names = " [" + ini_file + "] written at ";
   if (!env.IsRegularFile(path)) return false;  // a FIFO would keep us waiting
@@ -32,6 +43,7 @@ bool IsTrimTempOf(Env& env, const std::string& path, const std::string& ini_file
   std::string start(header.size() + 8 + names.size() + 16, '\0');
   start.resize(std::fread(&start[0], 1, start.size(), f));
   std::fclose(f);
+  if (start.empty()) return IsTrimTempName(name);
   return start.compare(0, header.size(), header) == 0 && start.find(names) != std::string::npos;
 }
 
@@ -47,8 +59,7 @@ int RemoveLeftoverFiles(Session& s, const std::string& ini_file) {
   for (const std::string& name : env.FindMatches(JoinPath(folder, leaf + ".??????")))
     if (IsWriterTempName(name, leaf) && env.RemoveFile(JoinPath(folder, name)) == 0) ++removed;
   for (const std::string& name : env.FindMatches(JoinPath(folder, "TMP*.TMP"))) {
-    const std::string path = JoinPath(folder, name);
-    if (IsTrimTempOf(env, path, ini_file) && env.RemoveFile(path) == 0) ++removed;
+    if (IsTrimTempOf(env, folder, name, ini_file) && env.RemoveFile(JoinPath(folder, name)) == 0) ++removed;
   }
   return removed;
 }

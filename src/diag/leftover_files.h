@@ -1,6 +1,6 @@
 // What killed writers of the configuration file leave beside it: the start-up
-// trim's temporary file (TMP<digits>.TMP, its first line the header naming
-// the configuration file) and the POSIX profile writer's temporary file
+// trim's temporary file (TMP<five digits>.TMP, its first line the header naming
+// the configuration file, or empty when the trim died before writing it) and the POSIX profile writer's temporary file
 // (<file name>.XXXXXX). Both exist only while their writer holds the profile
 // lock on the configuration file, so whoever holds that lock knows that any
 // such file it finds belongs to a dead process.

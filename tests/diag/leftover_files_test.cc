@@ -35,6 +35,19 @@ TEST_F(LeftoverFiles, ADeadTrimsAndADeadWritersFilesGoOthersStay) {
   EXPECT_EQ(Ini(), "[Common]\r\n");
 }
 
+// A trim killed after making its file but before the header reached it
+// leaves the file empty. Only names of the trim's own form go (five digits);
+// the system's temporary names (four hexadecimal digits) stay.
+TEST_F(LeftoverFiles, AnEmptyFileOfTheTrimsOwnNameGoes) {
+  WriteIni("[Common]\r\n");
+  testing::WriteBytes(dir.File("TMP04711.TMP"), "");
+  testing::WriteBytes(dir.File("TMP1A2B.TMP"), "");
+  testing::WriteBytes(dir.File("TMP0815.TMP"), "");
+  testing::WriteBytes(dir.File("TMP123456.TMP"), "");
+  EXPECT_EQ(RemoveLeftoverFiles(session, options.IniFileName), 1);
+  EXPECT_EQ(Present(), (Names{"TMP0815.TMP", "TMP123456.TMP", "TMP1A2B.TMP"}));
+}
+
 TEST_F(LeftoverFiles, NothingIsTouchedWithoutAConfigurationFile) {
   testing::WriteBytes(dir.File("Ferrow.INI.Zq81xA"), "[Common]\r\n");
   EXPECT_EQ(RemoveLeftoverFiles(session, options.IniFileName), 0);
