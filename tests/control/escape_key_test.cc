@@ -21,14 +21,8 @@
 namespace ferrow {
 namespace {
 
-class EscapeUnderX : public testing::RealDialogsTest {
+class EscapeUnderX : public testing::UnderXTest {
  protected:
-  void SetUp() override {
-    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "needs an X server (run under xvfb-run)";
-#ifndef FERROW_XDOTOOL
-    GTEST_SKIP() << "needs xdotool";
-#endif
-  }
   void TearDown() override {
     if (QGuiApplication::platformName() == "xcb") Xdotool({"keyup", "Escape"});
   }

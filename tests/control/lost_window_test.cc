@@ -17,14 +17,8 @@
 namespace ferrow {
 namespace {
 
-class LostWindow : public testing::RealDialogsTest {
+class LostWindow : public testing::UnderXTest {
  protected:
-  void SetUp() override {
-    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "needs an X server (run under xvfb-run)";
-#ifndef FERROW_XDOTOOL
-    GTEST_SKIP() << "needs xdotool";
-#endif
-  }
   // Destroys the window W that `act` shows, from another X client.
   template <class W>
   static bool WaitEndsWhenDestroyed(const std::function<void()>& act) {

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -107,6 +108,18 @@ class RealDialogsTest : public ::testing::Test {
   RoutedUi routed{services};
   Session session{env, options, routed};
   std::unique_ptr<Form1> form;
+};
+
+// The same, in a real X server where another X client (xdotool) acts on the
+// program's windows; skipped elsewhere.
+class UnderXTest : public RealDialogsTest {
+ protected:
+  void SetUp() override {
+    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "needs an X server (run under xvfb-run)";
+#ifndef FERROW_XDOTOOL
+    GTEST_SKIP() << "needs xdotool";
+#endif
+  }
 };
 
 }  // namespace ferrow::testing
