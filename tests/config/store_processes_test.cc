@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <thread>
+#include <vector>
 
 #include "config/ini_file.h"
 #include "platform/env.h"
@@ -207,6 +208,24 @@ TEST_F(StoreProcesses, InstanceOfADeadProcessDoesNotCount) {
   WaitExit(first);
   EXPECT_EQ(WaitExit(Spawn({kDriver, "claim", name}, Out(3))), 0);
   EXPECT_EQ(ReadBytes(Out(3)), "alone\n");
+}
+
+// The last instance to end removes the claims' file; one that starts just
+// then must still be seen by the next.
+TEST_F(StoreProcesses, AnInstanceStartedWhileOthersComeAndGoIsSeenByTheNext) {
+  const std::string name = "ferrow-test-churn-" + std::to_string(getpid());
+  for (int round = 0; round < 150; ++round) {
+    std::vector<pid_t> churn;
+    for (int i = 0; i < 4; ++i) churn.push_back(Spawn({kDriver, "claim", name}, Out(10 + i)));
+    pid_t holder = Spawn({kDriver, "claim", name, "hold"}, Out(1));
+    for (int i = 0; i < 500 && ReadBytes(Out(1)).empty(); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    for (pid_t p : churn) WaitExit(p);
+    EXPECT_EQ(WaitExit(Spawn({kDriver, "claim", name}, Out(2))), 0);
+    EXPECT_EQ(ReadBytes(Out(2)), "another\n") << "round " << round;
+    kill(holder, SIGTERM);
+    WaitExit(holder);
+  }
 }
 
 }  // namespace

@@ -9,6 +9,9 @@
 #include "testing/temp_dir.h"
 #ifndef _WIN32
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
 
 #include "testing/processes.h"
 #endif
@@ -205,6 +208,32 @@ TEST(EnvInstance, LaterClaimSeesAnEarlierOneUntilItLapses) {
   auto third = env().ClaimInstance(name, another);
   EXPECT_FALSE(another);
 }
+
+#ifndef _WIN32
+// The file behind the claims: one per place the program runs from, so it
+// must not outlive the last instance.
+TEST(EnvInstance, TheLastInstanceToEndLeavesNoFileBehind) {
+  const std::string name = "ferrow-env-test-last-" + std::to_string(::getpid());
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  const std::string folder = runtime && *runtime && ::access(runtime, W_OK) == 0 ? runtime : "/tmp";
+  const std::string file = folder + "/" + name + "-" + std::to_string(::getuid()) + ".instance";
+  bool another = true;
+  auto first = env().ClaimInstance(name, another);
+  auto second = env().ClaimInstance(name, another);
+  EXPECT_TRUE(another);
+  first.reset();
+  EXPECT_TRUE(testing::PathExists(file)) << "gone while another instance runs";
+  auto third = env().ClaimInstance(name, another);
+  EXPECT_TRUE(another) << "the second instance was not seen";
+  second.reset();
+  third.reset();
+  EXPECT_FALSE(testing::PathExists(file));
+  auto fourth = env().ClaimInstance(name, another);
+  EXPECT_FALSE(another);
+  fourth.reset();
+  EXPECT_FALSE(testing::PathExists(file));
+}
+#endif
 
 TEST(EnvFiles, RenameRefusesToReplaceAFile) {
   testing::TempDir dir;
