@@ -30,14 +30,21 @@ wchar_t RichEditBox::CharAt(int64_t position) {
 // as the line is shown), while each insertion costs it a pass over its
 // lines. EM_REPLACESEL ends its text at the first NUL; a piece that holds
 // one goes in through the plain-text stream, which is counted.
+// Every piece takes the format the first one was given: after a line break
+// the control would give the next piece the format of the text's last
+// paragraph mark instead (Wine's: black, in the control's own font).
 void RichEditBox::InsertAtCaret(const std::wstring& text) {
   if (text.empty()) {
     Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
     ForgetUndo();
     return;
   }
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   constexpr int kLinesPerInsertion = 10;
   for (size_t from = 0; from < text.size();) {
+    if (from > 0) Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
     size_t end = from;
     for (int lines = 0; lines < kLinesPerInsertion && end < text.size(); ++lines) {
       end = text.find_first_of(L"\r\n", end);

@@ -160,6 +160,7 @@ class FrontEndDriver {
   virtual Colour ColourAt(int64_t position) = 0;
   virtual Colour Background() = 0;  // as drawn, beside the text
   virtual std::string FontName() = 0;
+  virtual std::string FontNameAt(int64_t position) = 0;
   virtual int FontSize() = 0;  // points
   virtual bool FontBold() = 0;
   virtual void KeyInText(int key, Modifiers modifiers = {}) = 0;

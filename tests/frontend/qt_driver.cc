@@ -190,6 +190,12 @@ class QtDriver : public FrontEndDriver {
     return FromRgb(drawn.pixel(drawn.width() - 3, drawn.height() - 3));
   }
   std::string FontName() override { return Box()->font().family().toStdString(); }
+  std::string FontNameAt(int64_t position) override {
+    QTextCursor at(Box()->document());
+    at.setPosition(static_cast<int>(position) + 1);
+    const QStringList families = at.charFormat().fontFamilies().toStringList();
+    return families.isEmpty() ? FontName() : families.front().toStdString();
+  }
   int FontSize() override { return Box()->font().pointSize(); }
   bool FontBold() override { return Box()->font().bold(); }
   void KeyInText(int key, Modifiers modifiers) override { Press(Box(), key, modifiers); }

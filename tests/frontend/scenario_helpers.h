@@ -70,18 +70,27 @@ inline void FailIfInputBoxShows(FrontEndDriver& d) {
   });
 }
 
-// The colour of the first character of every line that has one.
-inline std::vector<Colour> LineColours(FrontEndDriver& d) {
+// What `read` gives at the first character of every line that has one.
+template <typename Read>
+auto AtLineStarts(FrontEndDriver& d, Read read) {
   const std::string text = d.ShownText();
-  std::vector<Colour> colours;
+  std::vector<decltype(read(int64_t{0}))> found;
   int64_t start = 0;
   while (start < static_cast<int64_t>(text.size())) {
     size_t end = text.find('\n', static_cast<size_t>(start));
     if (end == std::string::npos) end = text.size();
-    if (static_cast<int64_t>(end) > start) colours.push_back(d.ColourAt(start));
+    if (static_cast<int64_t>(end) > start) found.push_back(read(start));
     start = static_cast<int64_t>(end) + 1;
   }
-  return colours;
+  return found;
+}
+
+inline std::vector<Colour> LineColours(FrontEndDriver& d) {
+  return AtLineStarts(d, [&d](int64_t at) { return d.ColourAt(at); });
+}
+
+inline std::vector<std::string> LineFonts(FrontEndDriver& d) {
+  return AtLineStarts(d, [&d](int64_t at) { return d.FontNameAt(at); });
 }
 
 }  // namespace ferrow::frontend

@@ -34,6 +34,40 @@ FERROW_SCENARIO(ALoadedFileAndEveryLaterPollShowTheFileLineForLineInItsColours) 
   EXPECT_EQ(d.Caption(Window::kText), "Ferrow - " + log + " (" + Grouped(FileSize(log)) + " bytes) [8]");
 }
 
+// A poll that brings many lines at once shows each in its colour and in the
+// window's font, as lines that come a few at a time do.
+void ManyLinesInEachPoll(ScenarioWorld& w, FrontEndDriver& d, bool from_start) {
+  w.options.FileDefaults.FilterString = "error";
+  const std::string log = w.MakeLog("app.log", from_start ? "first\r\n" : "");
+  ASSERT_TRUE(Open(w, d, log, from_start));
+  std::string shown = from_start ? "first\n" : "";
+  std::vector<Colour> colours;
+  if (from_start) colours.push_back(Grey(w));
+  for (int poll = 0; poll < 3; ++poll) {
+    std::string block;
+    // Long stretches of lines in one colour, as most logs have.
+    for (int i = 0; i < 45; ++i) {
+      const bool error = i % 20 == 17;
+      const std::string line = (error ? "an error " : "line ") + std::to_string(poll * 100 + i);
+      block += line + "\r\n";
+      shown += line + "\n";
+      colours.push_back(error ? Blue(w) : Grey(w));
+    }
+    AppendAndPoll(w, d, log, block);
+  }
+  EXPECT_EQ(d.ShownText(), shown);
+  EXPECT_EQ(LineColours(d), colours);
+  EXPECT_EQ(LineFonts(d), std::vector<std::string>(colours.size(), w.options.Font));
+}
+
+FERROW_SCENARIO(ManyLinesInEachPollShowInTheirColoursAndTheWindowsFont) {
+  ManyLinesInEachPoll(w, d, true);
+}
+
+FERROW_SCENARIO(ManyLinesInEachPollOnAnEmptyWindowShowInTheirColoursAndTheWindowsFont) {
+  ManyLinesInEachPoll(w, d, false);
+}
+
 FERROW_SCENARIO(WithoutBringFromStartOnlyWhatIsAppendedShows) {
   w.options.FileDefaults.FilterString = "error";
   const std::string log = w.MakeLog("app.log", "old one\r\nold error\r\n");

@@ -264,6 +264,7 @@ class Win32Driver : public FrontEndDriver {
     return colour;
   }
   std::string FontName() override { return FormatAt(Box(), 0).szFaceName; }
+  std::string FontNameAt(int64_t position) override { return FormatAt(Box(), position).szFaceName; }
   int FontSize() override { return static_cast<int>(FormatAt(Box(), 0).yHeight / 20); }
   bool FontBold() override { return (FormatAt(Box(), 0).dwEffects & CFE_BOLD) != 0; }
   void KeyInText(int key, Modifiers modifiers) override {
