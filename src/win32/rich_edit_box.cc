@@ -39,22 +39,33 @@ const char* RichEditBox::ClassName() { return LoadRichEdit().name; }
 
 // A Unicode window, so every character of the text goes in and comes out as
 // it is, whatever the ANSI code page.
+// Read-only for the user, as the other toolkit's box: the control would act
+// on some keys (Backspace) before their character can be discarded.
 RichEditBox::RichEditBox(HWND parent, int id) {
-  hwnd_ = CreateWindowExW(0, LoadRichEdit().wide, L"",
-                          WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
-                              ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_NOHIDESEL | ES_READONLY,
-                          0, 0, 100, 100, parent,
-                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                          GetModuleHandleW(nullptr), nullptr);
-  // Read-only for the user, as the other toolkit's box: the control would act
-  // on some keys (Backspace) before their character can be discarded.
-  // The user may not undo, but with no undo at all some controls (Wine's)
-  // lose a block of memory for every line break they delete, every trimmed
-  // line: one step is kept, and emptied after every change (`ForgetUndo`).
+  MakeControl(parent, id,
+              WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
+                  ES_AUTOHSCROLL | ES_NOHIDESEL | ES_READONLY,
+              0, RECT{0, 0, 100, 100});
+}
+
+void RichEditBox::MakeControl(HWND parent, int id, DWORD style, DWORD ex_style, const RECT& place) {
+  made_style_ = style;
+  hwnd_ = CreateWindowExW(ex_style, LoadRichEdit().wide, L"", style, place.left, place.top,
+                          place.right - place.left, place.bottom - place.top, parent,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr), nullptr);
+  SetUpControl();
+}
+
+// The user may not undo, but with no undo at all some controls (Wine's)
+// lose a block of memory for every line break they delete, every trimmed
+// line: one step is kept, and emptied after every change (`ForgetUndo`).
+void RichEditBox::SetUpControl() {
   Send(EM_SETUNDOLIMIT, kUndoSteps);
   Send(EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_KEYEVENTS | ENM_DROPFILES);
-  Send(EM_EXLIMITTEXT, 0, kUnlimited);
+  Send(EM_EXLIMITTEXT, 0, max_length_ > 0 ? max_length_ : kUnlimited);
   ApplyFont();
+  if (has_back_colour_) SetBackColor(back_colour_);
+  if (word_wrap_ >= 0) SetWordWrap(word_wrap_ == 1);
 }
 
 RichEditBox::~RichEditBox() {
@@ -74,11 +85,14 @@ LRESULT RichEditBox::Send(UINT message, WPARAM wparam, LPARAM lparam) const {
 LRESULT CALLBACK RichEditBox::TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam) {
   auto saved = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
   if (TextWindowProcSwallows(message, static_cast<uint64_t>(wparam))) return 0;
+  ++messages_running_;
   // Files dropped on the text go to the text window, which opens them. Not
   // every rich-edit control reports a drop as EN_DROPFILES (Wine's does not).
-  if (message == WM_DROPFILES) return SendMessageW(GetParent(hwnd), message, wparam, lparam);
-  return saved ? CallWindowProcW(saved, hwnd, message, wparam, lparam)
-               : DefWindowProcW(hwnd, message, wparam, lparam);
+  const LRESULT result = message == WM_DROPFILES ? SendMessageW(GetParent(hwnd), message, wparam, lparam)
+                         : saved ? CallWindowProcW(saved, hwnd, message, wparam, lparam)
+                                 : DefWindowProcW(hwnd, message, wparam, lparam);
+  --messages_running_;
+  return result;
 }
 
 void RichEditBox::Subclass() {
@@ -139,6 +153,7 @@ std::string RichEditBox::Text() {
 void RichEditBox::SetText(const std::string& text) {
   Settle();
   caret_at_end_ = false;
+  ReplaceControl();
   SetSelection(0, -1);
   SetSelText(text);
   SetSelStart(0);
@@ -301,6 +316,8 @@ void RichEditBox::SetFontBold(bool bold) {
 }
 
 void RichEditBox::SetBackColor(Colour colour) {
+  has_back_colour_ = true;
+  back_colour_ = colour;
   Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(colour));
 }
 
@@ -311,7 +328,10 @@ void RichEditBox::Refresh() {
 }
 
 // SetWordWrapOn and SetWordWrapOff: no target device, line width 0 or 1.
-void RichEditBox::SetWordWrap(bool wrap) { Send(EM_SETTARGETDEVICE, 0, wrap ? 0 : 1); }
+void RichEditBox::SetWordWrap(bool wrap) {
+  word_wrap_ = wrap ? 1 : 0;
+  Send(EM_SETTARGETDEVICE, 0, wrap ? 0 : 1);
+}
 
 int64_t RichEditBox::LineCount() {
   Settle();

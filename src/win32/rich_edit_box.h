@@ -66,6 +66,12 @@ class RichEditBox : public TextBox {
 
  private:
   static LRESULT CALLBACK TextWindowProc(HWND hwnd, UINT message, WPARAM wparam, LPARAM lparam);
+  // The control made and set up as this box keeps it (rich_edit_replace.cc).
+  void MakeControl(HWND parent, int id, DWORD style, DWORD ex_style, const RECT& place);
+  void SetUpControl();
+  // A new control with no text in place of the old one, when that is cheaper
+  // than deleting the old one's text; false when it was not (see the .cc).
+  bool ReplaceControl();
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
   void SetSelection(int64_t start, int64_t end);
   int64_t ControlLength();
@@ -95,6 +101,15 @@ class RichEditBox : public TextBox {
   Colour insert_colour_ = 0;
   bool colour_held_ = false;
   bool caret_at_end_ = false;
+  // What a new control is given again.
+  bool has_back_colour_ = false;
+  Colour back_colour_ = 0;
+  int word_wrap_ = -1;  // -1 never set, else 0 or 1
+  // As made: the control takes its scroll bars' styles off while they hide.
+  DWORD made_style_ = 0;
+  // Messages of a box's control being handled, ours or the control's own
+  // procedure: the control may not be destroyed meanwhile.
+  static int messages_running_;
 };
 
 // The rich text stream of the control: a whole document in, the selection out.
