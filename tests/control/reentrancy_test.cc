@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QWindow>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPointer>
@@ -161,6 +164,24 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAFilterRestartStopsFollowing)
   form->Logic().follower().FerrowRestart();
   EXPECT_TRUE(form->Logic().Unloaded());
   EXPECT_FALSE(form->Timer1->isActive());
+}
+
+TEST_F(LiveForm1Test, ClosingTheControlWindowDuringApplysReloadUnloadsOnceApplyIsOver) {
+  const std::string log = MakeLongLog("big.log", 3000);
+  options.BringFromStartOfFile = true;
+  form->Logic().Form_Load();
+  Type(log);
+  form->chkFileStart->SetValue(1);
+  form->Logic().OK_Click();
+  form->Logic().cmdOptions_Click();
+  QPointer<frmSettings> settings = Find<frmSettings>();
+  ASSERT_TRUE(settings);
+  DuringLoad(3, [&] { QCoreApplication::postEvent(form->windowHandle(), new QCloseEvent); });
+  settings->cmdOK_Click();
+  Settle();
+  EXPECT_TRUE(form->Logic().Unloaded());
+  EXPECT_FALSE(form->Timer1->isActive());
+  EXPECT_FALSE(form->isVisible());
 }
 
 // SHIFT+DEL holds the write lock while its writes let events run.
