@@ -43,8 +43,13 @@ std::vector<std::string> MergeAtClose(const std::vector<std::string>& file,
                                       const std::vector<std::string>& seen,
                                       const std::vector<std::string>& added) {
   std::vector<std::string> all;
-  for (const auto* names : {&added, &mine, &file})
-    for (const std::string& name : *names) AddUnlessHeld(all, name);
+  for (const std::string& name : added) AddUnlessHeld(all, name);
+  // A name the file held and holds no more was removed meanwhile by another
+  // process (SHIFT+DEL, clearing the history): it stays removed, unless this
+  // process opened it again.
+  for (const std::string& name : mine)
+    if (!Holds(seen, name) || Holds(file, name)) AddUnlessHeld(all, name);
+  for (const std::string& name : file) AddUnlessHeld(all, name);
   std::vector<std::string> fresh, old;
   for (const std::string& name : all) {
     const bool others_new = Holds(file, name) && !Holds(seen, name);

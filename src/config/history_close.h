@@ -15,7 +15,9 @@ struct Session;
 // process's list, `seen` the file's list as this process last read or wrote
 // it, `added` the names this process added since it started. Every name of
 // the three lists is kept once (compared without regard to case; this
-// process's spelling wins). When more than 200 remain, the fresh names stay
+// process's spelling wins), but for a name of `mine` that `seen` holds and
+// `file` no longer does: another process removed it, and unless `added`
+// holds it, it stays removed. When more than 200 remain, the fresh names stay
 // (this process's own new names, then the file's names that `seen` lacks,
 // which other processes added meanwhile) and what falls off are old names,
 // the last in sorted order first. The result is sorted as SortHistory sorts.

@@ -94,6 +94,20 @@ TEST(MergeAtClose, FullListDropsOldNamesAndKeepsEveryFreshOne) {
   EXPECT_EQ(MergeAtClose(file, mine, seen, {"m.log"}), expected);
 }
 
+TEST(MergeAtClose, ANameAnotherProcessRemovedStaysRemoved) {
+  EXPECT_EQ(MergeAtClose({"a.log"}, {"a.log", "cr.log"}, {"a.log", "cr.log"}, {}), (Names{"a.log"}));
+}
+
+TEST(MergeAtClose, ANameAnotherProcessRemovedComesBackWhenThisOneOpenedIt) {
+  EXPECT_EQ(MergeAtClose({"a.log"}, {"cr.log", "a.log"}, {"a.log", "cr.log"}, {"cr.log"}),
+            (Names{"a.log", "cr.log"}));
+}
+
+TEST(MergeAtClose, AHistoryAnotherProcessClearedKeepsOnlyWhatThisOneOpened) {
+  EXPECT_EQ(MergeAtClose({}, {"mine.log", "a.log", "b.log"}, {"a.log", "b.log"}, {"mine.log"}),
+            (Names{"mine.log"}));
+}
+
 TEST(MergeAtClose, KeepsThisProcessSpellingAndDropsDuplicates) {
   EXPECT_EQ(MergeAtClose({"A.LOG", "b.log"}, {"a.log"}, {"A.LOG", "b.log"}, {}),
             (Names{"a.log", "b.log"}));

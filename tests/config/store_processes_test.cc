@@ -121,6 +121,23 @@ TEST_F(StoreProcesses, ThreeFollowersClosedInAnyOrderLeaveAllThreeInTheHistory) 
   } while (std::next_permutation(order.begin(), order.end()));
 }
 
+// A follower that loaded the history before another process removed a
+// name from it does not bring the name back when it closes.
+TEST_F(StoreProcesses, ANameAnotherProcessRemovedStaysRemovedWhenAFollowerCloses) {
+  WriteBytes(ini, "[Common]\r\nWriteLock=False\r\nHistoryCount=2\r\nHistory1=cr.log\r\nHistory2=old.log\r\n");
+  const std::string go = dir.File("go");
+  pid_t follower = Spawn({kDriver, "follow", ini, "a.log", go}, Out(1));
+  ASSERT_GT(follower, 0);
+  while (ReadBytes(Out(1)).find("ready") == std::string::npos)
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  EXPECT_EQ(WaitExit(Spawn({kDriver, "remove", ini, "cr.log"}, Out(2))), 0);
+  WriteBytes(go, "x");
+  EXPECT_EQ(WaitExit(follower), 0);
+  EXPECT_EQ(Key("Common", "HistoryCount"), "2");
+  EXPECT_EQ(Key("Common", "History1"), "a.log");
+  EXPECT_EQ(Key("Common", "History2"), "old.log");
+}
+
 // A configuration file nobody may write: the program starts and closes as
 // an unprivileged user (root writes anything, so a root test run drops to
 // nobody for it), and neither step may spend minutes retrying.
