@@ -70,6 +70,14 @@ class LiveForm1Test : public ::testing::Test {
     return MakeLog(name, text);
   }
   void Type(const std::string& name) { form->cmbFileName->setEditText(QString::fromStdString(name)); }
+  // The log opened, brought from its start.
+  void FollowFromStart(const std::string& log) {
+    options.BringFromStartOfFile = true;
+    form->Logic().Form_Load();
+    Type(log);
+    form->chkFileStart->SetValue(1);
+    form->Logic().OK_Click();
+  }
   static void Key(QWidget* target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QKeyEvent press(QEvent::KeyPress, key, modifiers);
     QApplication::sendEvent(target, &press);

@@ -50,11 +50,7 @@ TEST_F(LiveForm1Test, ClosingTheTextWindowDuringTheInitialLoadStopsTheLoadSafely
 
 TEST_F(LiveForm1Test, SettingsClosedOrAppliedAgainDuringApplyIsSafeAndClosesOnce) {
   const std::string log = MakeLongLog("big.log");
-  options.BringFromStartOfFile = true;
-  form->Logic().Form_Load();
-  Type(log);
-  form->chkFileStart->SetValue(1);
-  form->Logic().OK_Click();
+  FollowFromStart(log);
   form->Logic().cmdOptions_Click();
   QPointer<frmSettings> settings = Find<frmSettings>();
   ASSERT_TRUE(settings);
@@ -155,11 +151,7 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAnOpenUnloadsAfterItAndSavesT
 
 TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAFilterRestartStopsFollowing) {
   const std::string log = MakeLongLog("big.log", 3000);
-  options.BringFromStartOfFile = true;
-  form->Logic().Form_Load();
-  Type(log);
-  form->chkFileStart->SetValue(1);
-  form->Logic().OK_Click();
+  FollowFromStart(log);
   DuringLoad(3, [&] { form->close(); });
   form->Logic().follower().FerrowRestart();
   EXPECT_TRUE(form->Logic().Unloaded());
@@ -168,11 +160,7 @@ TEST_F(LiveForm1Test, ClosingTheControlWindowDuringAFilterRestartStopsFollowing)
 
 TEST_F(LiveForm1Test, ClosingTheControlWindowDuringApplysReloadUnloadsOnceApplyIsOver) {
   const std::string log = MakeLongLog("big.log", 3000);
-  options.BringFromStartOfFile = true;
-  form->Logic().Form_Load();
-  Type(log);
-  form->chkFileStart->SetValue(1);
-  form->Logic().OK_Click();
+  FollowFromStart(log);
   form->Logic().cmdOptions_Click();
   QPointer<frmSettings> settings = Find<frmSettings>();
   ASSERT_TRUE(settings);
@@ -302,11 +290,7 @@ TEST_F(LiveForm1Test, TheFilterButtonIsOffWhileTheInputBoxWaitsAndASecondClickWa
 // taken.
 TEST_F(LiveForm1Test, AFilterClickDuringTheNewFiltersReloadAsksAgainOnceItIsOver) {
   const std::string log = MakeLongLog("big.log", 3000);
-  options.BringFromStartOfFile = true;
-  form->Logic().Form_Load();
-  Type(log);
-  form->chkFileStart->SetValue(1);
-  form->Logic().OK_Click();
+  FollowFromStart(log);
   int asked = 0;
   bool enabled_in_reload = false, busy_when_asked_again = true;
   std::string shown_again;
