@@ -12,6 +12,7 @@
 #include "testing/session_fixture.h"
 #include "win32/event_passes.h"
 #include "win32/text_window_view.h"
+#include "win32/text_window_fixture.h"
 #include "win32/window_capture.h"
 
 namespace ferrow::win32 {
@@ -22,19 +23,11 @@ using ferrow::testing::FakeControlWindow;
 class Win32TextScrollTest : public ferrow::testing::SessionTest {
  protected:
   Win32TextScrollTest() {
-    options.FileSection = "app.log";
-    options.FontColour = 0x00C0C0C0;
-    options.FilterColour = 0x0000FFFF;
-    options.BackColour = 0x00402000;
-    options.Font = "Courier New";
-    options.FontSize = 10;
-    options.MaxInputLength = 100000;
+    SetTestLook(options);
     options.FormX = 300;
     options.FormY = 200;
     options.FormWidth = 9000;
     options.FormHeight = 3000;
-    options.FilterString = "error";
-    RebuildFilterWords(options);
     window = new Win32TextWindow(session, control);
     control.shown_box = &window->Rtf();
     hwnd = window->Handle();

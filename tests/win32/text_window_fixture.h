@@ -17,18 +17,24 @@ using ferrow::testing::FakeControlWindow;
 
 constexpr Colour kText = 0x00C0C0C0, kFilter = 0x0000FFFF, kBack = 0x00402000;
 
+// The look the window tests give the text window: grey text, yellow filter
+// words ("error"), a dark blue background, Courier New at 10 points.
+inline void SetTestLook(Options& options) {
+  options.FileSection = "app.log";
+  options.FontColour = kText;
+  options.FilterColour = kFilter;
+  options.BackColour = kBack;
+  options.Font = "Courier New";
+  options.FontSize = 10;
+  options.MaxInputLength = 100000;
+  options.FilterString = "error";
+  RebuildFilterWords(options);
+}
+
 class Win32TextWindowTest : public ferrow::testing::SessionTest {
  protected:
   Win32TextWindowTest() {
-    options.FileSection = "app.log";
-    options.FontColour = kText;
-    options.FilterColour = kFilter;
-    options.BackColour = kBack;
-    options.Font = "Courier New";
-    options.FontSize = 10;
-    options.MaxInputLength = 100000;
-    options.FilterString = "error";
-    RebuildFilterWords(options);
+    SetTestLook(options);
     window = new Win32TextWindow(session, control);
     control.shown_box = &window->Rtf();
   }
